@@ -1,0 +1,46 @@
+#include "Commands.h"
+
+#include <QTextStream>
+
+#include <iterator>
+
+namespace app {
+
+static const Command kCommands[] = {
+    {"version", "print the module's version", [](const QStringList &) {
+         std::fputs("VistraUITester 1.0\n", stdout);
+         return int(ExitOk);
+     }},
+};
+
+const Command *commands(int *count)
+{
+    *count = int(std::size(kCommands));
+    return kCommands;
+}
+
+const Command *findCommand(const QString &name)
+{
+    for (const Command &command : kCommands)
+        if (name == QLatin1String(command.name))
+            return &command;
+    return nullptr;
+}
+
+static int report(const char *command, const QString &message, int status)
+{
+    QTextStream(stderr) << "vistra-tester " << command << ": " << message << Qt::endl;
+    return status;
+}
+
+int usageError(const char *command, const QString &message)
+{
+    return report(command, message, ExitUsage);
+}
+
+int failure(const char *command, const QString &message)
+{
+    return report(command, message, ExitFailure);
+}
+
+} // namespace app

@@ -1,0 +1,6 @@
+#include "shell/VUTesterVersion.h"
+
+extern "C" {
+const char VistraUITesterVersionString[] = "@(#)PROGRAM:VistraUITester  PROJECT:Fotoreel-1\n";
+const double VistraUITesterVersionNumber = 1.0;
+}

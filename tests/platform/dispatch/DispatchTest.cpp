@@ -1,0 +1,170 @@
+#include "dispatch/Dispatch.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <vector>
+
+using namespace std::chrono_literals;
+using dispatch::Queue;
+
+TEST(SerialQueue, RunsBlocksOneAtATimeInSubmissionOrder)
+{
+    auto queue = Queue::createSerial("test.order");
+    std::vector<int> seen;
+    std::atomic<int> inside{0};
+    bool overlapped = false;
+    for (int i = 0; i < 500; ++i) {
+        queue->async([&, i] {
+            if (++inside > 1)
+                overlapped = true;
+            seen.push_back(i);
+            --inside;
+        });
+    }
+    queue->sync([] {});
+    ASSERT_EQ(seen.size(), 500u);
+    for (int i = 0; i < 500; ++i)
+        ASSERT_EQ(seen[i], i);
+    EXPECT_FALSE(overlapped);
+}
+
+TEST(SerialQueue, CurrentNamesTheRunningQueue)
+{
+    auto queue = Queue::createSerial("test.current");
+    Queue *inside = nullptr;
+    queue->sync([&] { inside = Queue::current(); });
+    EXPECT_EQ(inside, queue.get());
+    EXPECT_EQ(queue->label(), "test.current");
+}
+
+// Composite generators wait on their children from their own queue. A chain of serial queues,
+// each waiting synchronously on the next, must complete however many are alive at once.
+TEST(SerialQueue, DeepNestedWaitsAcrossManyQueuesNeverDeadlock)
+{
+    constexpr int kDepth = 40;
+    constexpr int kChains = 16;
+    std::vector<std::vector<dispatch::QueuePtr>> chains(kChains);
+    for (auto &chain : chains)
+        for (int i = 0; i < kDepth; ++i)
+            chain.push_back(Queue::createSerial("test.chain"));
+
+    std::function<int(const std::vector<dispatch::QueuePtr> &, int)> descend =
+        [&](const std::vector<dispatch::QueuePtr> &chain, int level) -> int {
+        if (level == kDepth)
+            return 0;
+        int result = 0;
+        chain[level]->sync([&] { result = 1 + descend(chain, level + 1); });
+        return result;
+    };
+
+    dispatch::Group group;
+    std::atomic<int> total{0};
+    for (auto &chain : chains)
+        group.async(*Queue::global(), [&] { total += descend(chain, 0); });
+    ASSERT_TRUE(group.waitFor(30s)) << "nested waits did not finish";
+    EXPECT_EQ(total.load(), kDepth * kChains);
+}
+
+// Blocks on the global queue that block must not keep later blocks from running.
+TEST(GlobalQueue, GrowsWhenEveryWorkerIsBlocked)
+{
+    constexpr int kBlocked = 8;
+    dispatch::Semaphore release;
+    dispatch::Group group;
+    std::atomic<int> started{0};
+    for (int i = 0; i < kBlocked; ++i) {
+        group.async(*Queue::global(), [&] {
+            ++started;
+            release.wait();
+        });
+    }
+    dispatch::Semaphore reached;
+    Queue::global()->async([&] { reached.signal(); });
+    EXPECT_TRUE(reached.waitFor(10s)) << "a block waited behind blocked workers";
+    for (int i = 0; i < kBlocked; ++i)
+        release.signal();
+    ASSERT_TRUE(group.waitFor(10s));
+    EXPECT_EQ(started.load(), kBlocked);
+}
+
+TEST(Group, NotifiesOnceAllTasksHaveLeft)
+{
+    dispatch::Group group;
+    auto queue = Queue::createSerial("test.notify");
+    std::atomic<int> done{0};
+    for (int i = 0; i < 20; ++i)
+        group.async(*Queue::global(), [&] { ++done; });
+    dispatch::Semaphore notified;
+    int doneAtNotify = -1;
+    group.notify(queue, [&] {
+        doneAtNotify = done.load();
+        notified.signal();
+    });
+    ASSERT_TRUE(notified.waitFor(10s));
+    EXPECT_EQ(doneAtNotify, 20);
+
+    // An empty group notifies at once.
+    dispatch::Group empty;
+    empty.notify(queue, [&] { notified.signal(); });
+    EXPECT_TRUE(notified.waitFor(10s));
+}
+
+TEST(Semaphore, WaitForTimesOutWithoutSignalAndCountsSignals)
+{
+    dispatch::Semaphore semaphore;
+    EXPECT_FALSE(semaphore.waitFor(20ms));
+    semaphore.signal();
+    semaphore.signal();
+    EXPECT_TRUE(semaphore.waitFor(0ms));
+    EXPECT_TRUE(semaphore.waitFor(0ms));
+    EXPECT_FALSE(semaphore.waitFor(0ms));
+}
+
+TEST(Once, RunsExactlyOnceUnderContention)
+{
+    dispatch::OnceFlag flag;
+    std::atomic<int> runs{0};
+    dispatch::Group group;
+    for (int i = 0; i < 16; ++i)
+        group.async(*Queue::global(), [&] { dispatch::once(flag, [&] { ++runs; }); });
+    ASSERT_TRUE(group.waitFor(10s));
+    EXPECT_EQ(runs.load(), 1);
+}
+
+TEST(MainQueue, RunsOnTheEventLoopThreadAndHonoursDelays)
+{
+    int argc = 1;
+    char name[] = "test_dispatch";
+    char *argv[] = {name};
+    QCoreApplication app(argc, argv);
+
+    bool onMainThread = false;
+    bool mainIsCurrent = false;
+    QElapsedTimer clock;
+    clock.start();
+    qint64 delayedAt = -1;
+    Queue::global()->async([&] {
+        Queue::main()->async([&] {
+            onMainThread = QThread::currentThread() == app.thread();
+            mainIsCurrent = Queue::current() == Queue::main().get();
+        });
+        dispatch::after(Queue::main(), 50ms, [&] {
+            delayedAt = clock.elapsed();
+            app.quit();
+        });
+    });
+    app.exec();
+    EXPECT_TRUE(onMainThread);
+    EXPECT_TRUE(mainIsCurrent);
+    EXPECT_GE(delayedAt, 50);
+
+    // sync on the main queue from the main thread runs inline instead of deadlocking.
+    bool ran = false;
+    Queue::main()->sync([&] { ran = true; });
+    EXPECT_TRUE(ran);
+}
