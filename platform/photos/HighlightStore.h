@@ -1,0 +1,45 @@
+#pragma once
+// Keeps the highlight rows of the catalogue in step with its assets. A change marks the local days
+// it touched (in its own transaction, so the mark survives a crash); refreshDirty() rebuilds those
+// days and then only the day groups, months and years that contain them, each parent from its
+// children's rows. Runs on the writer connection only.
+
+#include "Database.h"
+#include "HighlightRules.h"
+
+#include <QSet>
+
+namespace photos::detail {
+
+class HighlightStore {
+public:
+    explicit HighlightStore(Database &writer) : m_db(writer) {}
+
+    // Inside the caller's transaction.
+    void markDirty(qint64 day);
+    bool hasDirtyDays();
+    // Each runs in a transaction of its own.
+    void refreshDirty();
+    void rebuildAll();
+
+private:
+    struct Period {
+        int subtype;
+        qint64 key;
+        qint64 localStart; // seconds, inclusive
+        qint64 localEnd;   // seconds, exclusive
+        QString title;
+    };
+
+    void refreshDays(const QSet<qint64> &days);
+    void writeDay(qint64 day, const QVector<Candidate> &pool);
+    void refreshParents(const QSet<qint64> &days);
+    void refreshFromChildren(const Period &period, int childSubtype, qint64 firstChild, qint64 lastChild);
+    void refreshDayGroups(int year, int month);
+    void write(const Period &period, const HighlightTotals &totals, const Curation &curation);
+    void remove(int subtype, qint64 key);
+
+    Database &m_db;
+};
+
+} // namespace photos::detail

@@ -1,0 +1,3 @@
+#include "PhotosLogging.h"
+
+Q_LOGGING_CATEGORY(lcPhotos, "vistra.photos")
