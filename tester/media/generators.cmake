@@ -1,0 +1,8 @@
+# Image generators, the colour table and the collage.
+target_sources(VistraUITester PRIVATE
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterBitmapImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterBitmapImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterColorComponents.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterColorComponents.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaLogging.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaLogging.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterRGBAColorTable.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterRGBAColorTable.h
+)
