@@ -44,6 +44,18 @@ public:
     // Waits for generateImageWithCompletionHandler. Never call it on the generator's own queue.
     graphics::ImagePtr generatedImage();
 
+protected:
+    // The setter pattern of every generator: store and invalidate only on a real change.
+    template <typename T>
+    bool _setValue(T &field, const T &value)
+    {
+        if (field == value)
+            return false;
+        field = value;
+        invalidateImage();
+        return true;
+    }
+
 private:
     QSizeF m_imageSize{400.0, 300.0};
     mutable std::mutex m_imageMutex;

@@ -5,4 +5,10 @@ target_sources(VistraUITester PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageGenerator.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaLogging.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaLogging.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterRGBAColorTable.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterRGBAColorTable.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterConcentricRectsImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterConcentricRectsImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterLayeredImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterLayeredImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterOrientedImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterOrientedImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterRadialPatternImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterRadialPatternImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterSolidColorImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterSolidColorImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterWatermarkImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterWatermarkImageGenerator.h
 )
