@@ -6,11 +6,16 @@
 
 namespace app {
 
+int runPhotoCommand(const QStringList &arguments);
+int runMovieCommand(const QStringList &arguments);
+
 static const Command kCommands[] = {
     {"version", "print the module's version", [](const QStringList &) {
          std::fputs("VistraUITester 1.0\n", stdout);
          return int(ExitOk);
      }},
+    {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
+    {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
 };
 
 const Command *commands(int *count)

@@ -1,0 +1,14 @@
+#pragma once
+// Option values shared by the media commands, parsed with the same messages everywhere.
+
+#include <QSizeF>
+#include <QString>
+
+namespace app {
+
+// "WxH" with two positive whole numbers; false with a message otherwise.
+bool parseSizeOption(const QString &text, QSizeF *size, QString *message);
+// A finite number above `minimum`, or equal to it too when `inclusive`.
+bool parseNumberOption(const QString &option, const QString &text, double minimum, bool inclusive, double *value, QString *message);
+
+} // namespace app
