@@ -8,6 +8,7 @@ namespace app {
 
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
+int runLibraryCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
     {"version", "print the module's version", [](const QStringList &) {
@@ -15,6 +16,7 @@ static const Command kCommands[] = {
          return int(ExitOk);
      }},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
+    {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
 };
 

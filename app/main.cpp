@@ -3,6 +3,8 @@
 
 #include "Commands.h"
 
+#include <photos/VHPhotoLibrary.h>
+
 #include <QApplication>
 #include <QLabel>
 #include <QTextStream>
@@ -44,6 +46,9 @@ int main(int argc, char **argv)
         }
         return app::usageError("", QStringLiteral("unknown option %1 (see --help)").arg(option));
     }
+    // Before any command or the window can reach the shared library.
+    if (!libraryPath.isEmpty())
+        VHPhotoLibrary::setSharedLibraryLocation(libraryPath);
 
     if (!arguments.isEmpty()) {
         const app::Command *command = app::findCommand(arguments.first());

@@ -34,6 +34,7 @@ bool readCatalogue(VHPhotoLibrary &library, VHError *error, F &&function)
 bool VHLibraryInspector::statistics(VHPhotoLibrary &library, VHLibraryStatistics *statistics, VHError *error)
 {
     *statistics = {};
+    library.ensureHighlightsCurrent();
     const bool read = readCatalogue(library, error, [&](Database &database) {
         auto counts = database.prepare(
             "SELECT COUNT(*), COALESCE(SUM(media_type = 1), 0), COALESCE(SUM(media_type = 2), 0),"
