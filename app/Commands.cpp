@@ -6,11 +6,12 @@
 
 namespace app {
 
+int runSettingsCommand(const QStringList &arguments);
+int runScreenCommand(const QStringList &arguments);
+
 static const Command kCommands[] = {
-    {"version", "print the module's version", [](const QStringList &) {
-         std::fputs("VistraUITester 1.0\n", stdout);
-         return int(ExitOk);
-     }},
+    {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
+    {"screen", "print a settings screen as an outline", runScreenCommand},
 };
 
 const Command *commands(int *count)
