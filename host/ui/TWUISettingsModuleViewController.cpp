@@ -3,6 +3,7 @@
 #include "TWUISettingsController.h"
 
 #include "settings/TWSettings.h"
+#include "ui/ButtonText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -132,7 +133,7 @@ QWidget *TWUISettingsModuleViewController::makeRowWidget(const TWRowPtr &rowPtr)
             QString text = row->displayTitle(m_settings);
             if (choice)
                 text += QStringLiteral("    %1").arg(choice->titleForValue(m_settings->valueForKeyPath(row->valueKeyPath())));
-            button->setText(hasArrow ? text + QStringLiteral("  ›") : text);
+            button->setText(ui::buttonText(hasArrow ? text + QStringLiteral("  ›") : text));
         };
         connect(button, &QPushButton::clicked, this, [this, row] { tapRow(row); });
     } else {

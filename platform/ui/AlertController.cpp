@@ -1,5 +1,7 @@
 #include "AlertController.h"
 
+#include "ButtonText.h"
+
 #include <QFrame>
 #include <QLabel>
 #include <QPushButton>
@@ -59,7 +61,7 @@ QWidget *AlertController::loadView()
         if (m_actions[i].style == AlertAction::Style::Cancel)
             order.push_back(i);
     for (size_t i : order) {
-        auto *button = new QPushButton(m_actions[i].title);
+        auto *button = new QPushButton(buttonText(m_actions[i].title));
         button->setObjectName(m_actions[i].title);
         if (m_actions[i].style == AlertAction::Style::Cancel) {
             QFont font = button->font();

@@ -1,6 +1,7 @@
 #include "NavigationController.h"
 
 #include "BarButtonItem.h"
+#include "ButtonText.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -293,13 +294,13 @@ void NavigationController::updateBar()
     m_backButton->setVisible(showBack);
     if (showBack) {
         const QString previous = m_stack.at(depth - 1)->title();
-        m_backButton->setText(QStringLiteral("‹ %1").arg(previous.isEmpty() ? QStringLiteral("Back") : previous));
+        m_backButton->setText(buttonText(QStringLiteral("‹ %1").arg(previous.isEmpty() ? QStringLiteral("Back") : previous)));
     }
     auto addButtons = [](QHBoxLayout *layout, const QList<BarButtonItem *> &items) {
         for (BarButtonItem *barItem : items) {
             auto *button = new QToolButton;
             button->setObjectName(barItem->title());
-            button->setText(barItem->title());
+            button->setText(buttonText(barItem->title()));
             button->setEnabled(barItem->isEnabled());
             button->setAutoRaise(true);
             if (barItem->systemItem() == BarButtonItem::SystemItem::Done) {

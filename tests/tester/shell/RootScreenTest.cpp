@@ -128,6 +128,16 @@ TEST_F(RootScreenFixture, RowsEditTheirKeysAndFollowTheirConditionsLive)
     EXPECT_FALSE(progressRow->isVisibleTo(screen));
 }
 
+TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
+{
+    window.show();
+    auto *row = topScreen()->view()->findChild<QPushButton *>(QStringLiteral("Years & Months Layouts"));
+    ASSERT_TRUE(row);
+    EXPECT_EQ(row->text(), QStringLiteral("Years && Months Layouts  ›")) << "escaped so Qt draws one '&' and no mnemonic";
+    tap(QStringLiteral("Years & Months Layouts"));
+    EXPECT_EQ(topScreen()->module()->title(), QStringLiteral("Years & Months Layouts"));
+}
+
 TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
 {
     VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}},
