@@ -445,6 +445,15 @@ void TWSettings::restoreDefaultValuesRecursively()
         child->restoreDefaultValuesRecursively();
 }
 
+void TWSettings::copyValuesFrom(const TWSettings &other)
+{
+    if (other.metaObject() != metaObject())
+        qFatal("TWSettings: cannot copy a %s into a %s", other.metaObject()->className(), metaObject()->className());
+    for (const auto &s : other.m_slots)
+        if (!s->child)
+            setValue(s->key, s->value);
+}
+
 QVariant TWSettings::archiveValueForKey(const QString &key) const
 {
     const Slot *s = slot(key);

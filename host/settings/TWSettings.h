@@ -56,6 +56,9 @@ public:
     // settingsControllerModule(). Null for objects without a screen.
     virtual std::shared_ptr<TWModule> settingsModule() const { return nullptr; }
 
+    // Copies every option (not child objects) from another object of the same class.
+    void copyValuesFrom(const TWSettings &other);
+
     // The value stored for one key; a null QVariant stores nothing.
     virtual QVariant archiveValueForKey(const QString &key) const;
     // Sets one key from a stored value while the tree is restored.
