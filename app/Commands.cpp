@@ -6,18 +6,18 @@
 
 namespace app {
 
+int runSettingsCommand(const QStringList &arguments);
+int runScreenCommand(const QStringList &arguments);
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
-    {"version", "print the module's version", [](const QStringList &) {
-         std::fputs("VistraUITester 1.0\n", stdout);
-         return int(ExitOk);
-     }},
+    {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
+    {"screen", "print a settings screen as an outline", runScreenCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
-    {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
+    {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
 };
 
 const Command *commands(int *count)

@@ -3,11 +3,19 @@
 
 #include "Commands.h"
 
+#include "shell/VUTesterRootSettingsViewController.h"
+#include "ui/Notifications.h"
+#include "ui/Window.h"
+
 #include <photos/VHPhotoLibrary.h>
 
 #include <QApplication>
-#include <QLabel>
+#include <QDir>
+#include <QFile>
+#include <QTabWidget>
 #include <QTextStream>
+
+#include <unistd.h>
 
 static void printHelp()
 {
@@ -23,6 +31,16 @@ static void printHelp()
     for (int i = 0; i < count; ++i)
         out << "  " << QString::fromLatin1(list[i].name).leftJustified(16) << ' ' << list[i].synopsis << '\n';
     out << "\n'vistra-tester COMMAND --help' describes one command.\n";
+}
+
+// Qt wants a private runtime folder; shells without a desktop session (ssh, CI) have none.
+static void ensureRuntimeDirectory()
+{
+    if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        return;
+    const QString path = QDir::tempPath() + QStringLiteral("/vistra-tester-runtime-%1").arg(getuid());
+    if (QDir().mkpath(path) && QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
 }
 
 int main(int argc, char **argv)
@@ -50,21 +68,28 @@ int main(int argc, char **argv)
     if (!libraryPath.isEmpty())
         VHPhotoLibrary::setSharedLibraryLocation(libraryPath);
 
+    const app::Command *command = nullptr;
     if (!arguments.isEmpty()) {
-        const app::Command *command = app::findCommand(arguments.first());
+        command = app::findCommand(arguments.first());
         if (!command)
             return app::usageError("", QStringLiteral("unknown command '%1' (see --help)").arg(arguments.first()));
         // Headless work draws text and images but shows nothing: no display is needed.
         if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
-        QApplication application(argc, argv);
-        QApplication::setApplicationName(QStringLiteral("vistra-tester"));
-        return command->run(arguments.mid(1));
+        ensureRuntimeDirectory();
     }
-
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vistra-tester"));
-    QLabel window(QStringLiteral("VistraUITester"));
+    if (command)
+        return command->run(arguments.mid(1));
+
+    ui::installApplicationNotifications();
+    QTabWidget window;
+    window.setWindowTitle(QStringLiteral("VistraUITester"));
+    auto *tester = new ui::Window;
+    tester->setRootViewController(new VUTesterRootSettingsViewController);
+    window.addTab(tester, QStringLiteral("Tester"));
+    // A phone-sized window to start with; it resizes freely.
     window.resize(390, 844);
     window.show();
     return application.exec();

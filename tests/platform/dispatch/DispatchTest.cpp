@@ -138,10 +138,7 @@ TEST(Once, RunsExactlyOnceUnderContention)
 
 TEST(MainQueue, RunsOnTheEventLoopThreadAndHonoursDelays)
 {
-    int argc = 1;
-    char name[] = "test_dispatch";
-    char *argv[] = {name};
-    QCoreApplication app(argc, argv);
+    QCoreApplication &app = *QCoreApplication::instance();
 
     bool onMainThread = false;
     bool mainIsCurrent = false;

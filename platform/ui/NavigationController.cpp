@@ -1,0 +1,344 @@
+#include "NavigationController.h"
+
+#include "BarButtonItem.h"
+#include "ButtonText.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QStackedWidget>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QVariantAnimation>
+
+namespace ui {
+
+struct NavigationController::Transition {
+    QPointer<ViewController> from;
+    QPointer<ViewController> to;
+    Operation operation = Operation::None;
+    bool animated = false;
+    bool onScreen = false;
+    QList<QPointer<ViewController>> removed;
+    QVariantAnimation *animation = nullptr;
+    QLabel *snapshot = nullptr;
+};
+
+NavigationController::NavigationController(ViewController *rootViewController, QObject *parent) : ViewController(parent)
+{
+    if (rootViewController) {
+        rootViewController->setParentViewController(this);
+        m_stack << rootViewController;
+    }
+}
+
+NavigationController::~NavigationController()
+{
+    delete m_transition;
+}
+
+QWidget *NavigationController::loadView()
+{
+    auto *view = new QWidget;
+    auto *column = new QVBoxLayout(view);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+
+    auto *bar = new QWidget;
+    bar->setObjectName(QStringLiteral("navigationBar"));
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(8, 4, 8, 4);
+    m_leftItems = new QHBoxLayout;
+    m_rightItems = new QHBoxLayout;
+    m_backButton = new QToolButton;
+    m_backButton->setObjectName(QStringLiteral("backButton"));
+    m_backButton->setAutoRaise(true);
+    connect(m_backButton, &QToolButton::clicked, this, [this] { popViewControllerAnimated(true); });
+    m_titleLabel = new QLabel;
+    m_titleLabel->setObjectName(QStringLiteral("navigationTitle"));
+    m_titleLabel->setAlignment(Qt::AlignCenter);
+    QFont font = m_titleLabel->font();
+    font.setBold(true);
+    m_titleLabel->setFont(font);
+    row->addWidget(m_backButton);
+    row->addLayout(m_leftItems);
+    row->addWidget(m_titleLabel, 1);
+    row->addLayout(m_rightItems);
+    column->addWidget(bar);
+
+    m_pages = new QStackedWidget;
+    column->addWidget(m_pages, 1);
+    if (ViewController *top = topViewController())
+        m_pages->addWidget(top->view());
+    updateBar();
+    return view;
+}
+
+bool NavigationController::isOnScreen() const
+{
+    return appearanceState() == AppearanceState::Appeared || appearanceState() == AppearanceState::Appearing;
+}
+
+bool NavigationController::isTransitioning() const
+{
+    return m_transition != nullptr;
+}
+
+void NavigationController::pushViewController(ViewController *controller, bool animated)
+{
+    if (!controller || m_stack.contains(controller))
+        return;
+    finishTransition();
+    ViewController *from = topViewController();
+    controller->setParentViewController(this);
+    m_stack << controller;
+    m_lastOperation = Operation::Push;
+    if (m_delegate)
+        m_delegate->willShowViewController(this, controller, animated);
+    transition(from, controller, Operation::Push, animated, {});
+}
+
+ViewController *NavigationController::popViewControllerAnimated(bool animated)
+{
+    if (m_stack.size() < 2)
+        return nullptr;
+    finishTransition();
+    ViewController *from = m_stack.takeLast();
+    ViewController *to = topViewController();
+    m_lastOperation = Operation::Pop;
+    if (m_delegate)
+        m_delegate->willShowViewController(this, to, animated);
+    transition(from, to, Operation::Pop, animated, {from});
+    return from;
+}
+
+void NavigationController::popToRootViewControllerAnimated(bool animated)
+{
+    if (m_stack.size() < 2)
+        return;
+    finishTransition();
+    ViewController *from = topViewController();
+    const QList<ViewController *> removed = m_stack.mid(1);
+    m_stack = m_stack.mid(0, 1);
+    m_lastOperation = Operation::Pop;
+    if (m_delegate)
+        m_delegate->willShowViewController(this, m_stack.first(), animated);
+    transition(from, m_stack.first(), Operation::Pop, animated, removed);
+}
+
+void NavigationController::setViewControllers(const QList<ViewController *> &controllers, bool animated)
+{
+    finishTransition();
+    ViewController *from = topViewController();
+    QList<ViewController *> removed;
+    for (ViewController *old : std::as_const(m_stack))
+        if (!controllers.contains(old))
+            removed << old;
+    const bool wasInStack = !controllers.isEmpty() && m_stack.contains(controllers.last());
+    for (ViewController *controller : controllers)
+        controller->setParentViewController(this);
+    m_stack = controllers;
+    ViewController *to = topViewController();
+    if (to == from) {
+        transition(from, to, Operation::None, false, removed);
+        return;
+    }
+    m_lastOperation = wasInStack ? Operation::Pop : Operation::Push;
+    if (m_delegate && to)
+        m_delegate->willShowViewController(this, to, animated);
+    transition(from, to, m_lastOperation, animated, removed);
+}
+
+void NavigationController::transition(ViewController *from, ViewController *to, Operation operation, bool animated,
+                                      const QList<ViewController *> &removed)
+{
+    auto *t = new Transition;
+    t->from = from;
+    t->to = to;
+    t->operation = operation;
+    t->onScreen = isOnScreen();
+    t->animated = animated && t->onScreen && from && to && from != to && isViewLoaded() && view()->isVisible();
+    for (ViewController *controller : removed)
+        t->removed << controller;
+    m_transition = t;
+
+    if (!isViewLoaded()) {
+        finishTransition();
+        return;
+    }
+    if (to && m_pages->indexOf(to->view()) < 0)
+        m_pages->addWidget(to->view());
+    if (t->onScreen && from != to) {
+        if (from)
+            from->beginAppearanceTransition(false, t->animated);
+        if (to)
+            to->beginAppearanceTransition(true, t->animated);
+    }
+    if (!t->animated) {
+        if (to)
+            m_pages->setCurrentWidget(to->view());
+        finishTransition();
+        return;
+    }
+
+    // The outgoing page is shown as a picture so both pages can move while the stack shows one.
+    const int width = m_pages->width();
+    t->snapshot = new QLabel(m_pages);
+    t->snapshot->setPixmap(from->view()->grab());
+    t->snapshot->setGeometry(m_pages->rect());
+    m_pages->setCurrentWidget(to->view());
+    QWidget *incoming = to->view();
+    incoming->setGeometry(m_pages->rect());
+    if (operation == Operation::Pop)
+        t->snapshot->raise();
+    else
+        incoming->raise();
+    t->snapshot->show();
+    updateBar();
+
+    t->animation = new QVariantAnimation(this);
+    t->animation->setDuration(transitionDuration());
+    t->animation->setStartValue(0.0);
+    t->animation->setEndValue(1.0);
+    t->animation->setEasingCurve(QEasingCurve::OutCubic);
+    const bool push = operation == Operation::Push;
+    connect(t->animation, &QVariantAnimation::valueChanged, this, [t, width, push, incoming](const QVariant &value) {
+        const double p = value.toDouble();
+        if (push) {
+            incoming->move(int(width * (1 - p)), 0);
+            t->snapshot->move(int(-0.3 * width * p), 0);
+        } else {
+            incoming->move(int(-0.3 * width * (1 - p)), 0);
+            t->snapshot->move(int(width * p), 0);
+        }
+    });
+    connect(t->animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
+    t->animation->start();
+}
+
+void NavigationController::finishTransition()
+{
+    Transition *t = m_transition;
+    if (!t)
+        return;
+    m_transition = nullptr;
+    if (t->animation) {
+        t->animation->disconnect(this);
+        t->animation->stop();
+        t->animation->deleteLater();
+    }
+    delete t->snapshot;
+    if (isViewLoaded()) {
+        if (t->to)
+            m_pages->setCurrentWidget(t->to->view());
+        if (t->to)
+            t->to->view()->setGeometry(m_pages->rect());
+    }
+    if (t->onScreen && t->from != t->to) {
+        if (t->from)
+            t->from->endAppearanceTransition();
+        if (t->to)
+            t->to->endAppearanceTransition();
+    }
+    for (const QPointer<ViewController> &removed : std::as_const(t->removed)) {
+        if (!removed)
+            continue;
+        if (isViewLoaded())
+            m_pages->removeWidget(removed->view());
+        removed->view()->hide();
+        removed->setParentViewController(nullptr);
+        // Deleted on the next turn of the event loop unless the caller has adopted it by then.
+        removed->setParent(this);
+        QTimer::singleShot(0, this, [this, removed] {
+            if (removed && removed->parent() == this && !m_stack.contains(removed.data()))
+                delete removed.data();
+        });
+    }
+    if (isViewLoaded())
+        updateBar();
+    const bool animated = t->animated;
+    ViewController *shown = t->to;
+    const bool changed = t->operation != Operation::None;
+    delete t;
+    if (shown && changed) {
+        Q_EMIT didShowViewController(shown);
+        if (m_delegate)
+            m_delegate->didShowViewController(this, shown, animated);
+    }
+}
+
+void NavigationController::updateBar()
+{
+    if (!m_pages)
+        return;
+    ViewController *top = m_transition && m_transition->to ? m_transition->to.data() : topViewController();
+    auto clear = [](QHBoxLayout *layout) {
+        while (QLayoutItem *item = layout->takeAt(0)) {
+            delete item->widget();
+            delete item;
+        }
+    };
+    clear(m_leftItems);
+    clear(m_rightItems);
+    m_titleLabel->setText(top ? top->title() : QString());
+    if (!top) {
+        m_backButton->hide();
+        return;
+    }
+    NavigationItem *item = top->navigationItem();
+    disconnect(item, &NavigationItem::changed, this, &NavigationController::updateBar);
+    connect(item, &NavigationItem::changed, this, &NavigationController::updateBar, Qt::UniqueConnection);
+    const int depth = m_stack.indexOf(top);
+    const bool showBack = depth > 0 && item->leftBarButtonItems().isEmpty();
+    m_backButton->setVisible(showBack);
+    if (showBack) {
+        const QString previous = m_stack.at(depth - 1)->title();
+        m_backButton->setText(buttonText(QStringLiteral("‹ %1").arg(previous.isEmpty() ? QStringLiteral("Back") : previous)));
+    }
+    auto addButtons = [](QHBoxLayout *layout, const QList<BarButtonItem *> &items) {
+        for (BarButtonItem *barItem : items) {
+            auto *button = new QToolButton;
+            button->setObjectName(barItem->title());
+            button->setText(buttonText(barItem->title()));
+            button->setEnabled(barItem->isEnabled());
+            button->setAutoRaise(true);
+            if (barItem->systemItem() == BarButtonItem::SystemItem::Done) {
+                QFont font = button->font();
+                font.setBold(true);
+                button->setFont(font);
+            }
+            QObject::connect(button, &QToolButton::clicked, barItem, &BarButtonItem::trigger);
+            layout->addWidget(button);
+        }
+    };
+    addButtons(m_leftItems, item->leftBarButtonItems());
+    addButtons(m_rightItems, item->rightBarButtonItems());
+}
+
+void NavigationController::viewWillAppear(bool animated)
+{
+    if (ViewController *top = topViewController())
+        top->beginAppearanceTransition(true, animated);
+}
+
+void NavigationController::viewDidAppear(bool animated)
+{
+    if (ViewController *top = topViewController())
+        top->endAppearanceTransition();
+}
+
+void NavigationController::viewWillDisappear(bool animated)
+{
+    finishTransition();
+    if (ViewController *top = topViewController())
+        top->beginAppearanceTransition(false, animated);
+}
+
+void NavigationController::viewDidDisappear(bool animated)
+{
+    if (ViewController *top = topViewController())
+        top->endAppearanceTransition();
+}
+
+} // namespace ui

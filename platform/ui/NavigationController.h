@@ -1,0 +1,82 @@
+#pragma once
+// A navigation container: a stack of view controllers under a bar with a back button, the top
+// controller's title and its bar button items. Pushes and pops may be animated; the delegate is
+// told before each change.
+
+#include "ViewController.h"
+
+#include <QList>
+
+class QLabel;
+class QHBoxLayout;
+class QStackedWidget;
+class QToolButton;
+class QVariantAnimation;
+
+namespace ui {
+
+class NavigationController;
+
+class NavigationControllerDelegate {
+public:
+    virtual ~NavigationControllerDelegate() = default;
+    virtual void willShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
+    virtual void didShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
+};
+
+class NavigationController : public ViewController {
+    Q_OBJECT
+public:
+    enum class Operation { None, Push, Pop };
+
+    explicit NavigationController(ViewController *rootViewController = nullptr, QObject *parent = nullptr);
+    ~NavigationController() override;
+
+    NavigationController *navigationController() const override { return const_cast<NavigationController *>(this); }
+
+    // The container takes ownership of pushed controllers; popped ones are deleted later unless
+    // the caller takes them back with setParent.
+    void pushViewController(ViewController *controller, bool animated);
+    ViewController *popViewControllerAnimated(bool animated);
+    void popToRootViewControllerAnimated(bool animated);
+    void setViewControllers(const QList<ViewController *> &controllers, bool animated);
+
+    const QList<ViewController *> &viewControllers() const { return m_stack; }
+    ViewController *topViewController() const { return m_stack.isEmpty() ? nullptr : m_stack.last(); }
+    Operation lastOperation() const { return m_lastOperation; }
+    bool isTransitioning() const;
+
+    NavigationControllerDelegate *delegate() const { return m_delegate; }
+    void setDelegate(NavigationControllerDelegate *delegate) { m_delegate = delegate; }
+
+Q_SIGNALS:
+    void didShowViewController(ui::ViewController *controller);
+
+protected:
+    QWidget *loadView() override;
+    void viewWillAppear(bool animated) override;
+    void viewDidAppear(bool animated) override;
+    void viewWillDisappear(bool animated) override;
+    void viewDidDisappear(bool animated) override;
+
+private:
+    void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
+    void finishTransition();
+    void updateBar();
+    bool isOnScreen() const;
+
+    QList<ViewController *> m_stack;
+    NavigationControllerDelegate *m_delegate = nullptr;
+    Operation m_lastOperation = Operation::None;
+
+    QStackedWidget *m_pages = nullptr;
+    QToolButton *m_backButton = nullptr;
+    QLabel *m_titleLabel = nullptr;
+    QHBoxLayout *m_leftItems = nullptr;
+    QHBoxLayout *m_rightItems = nullptr;
+
+    struct Transition;
+    Transition *m_transition = nullptr;
+};
+
+} // namespace ui

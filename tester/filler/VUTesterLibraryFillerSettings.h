@@ -1,0 +1,65 @@
+#pragma once
+// The library filler's recipe (how many assets, which media, orientation, aspect ratio, size,
+// content, image orientation, location), its presets and its screen. Several choices also accept
+// the sentinels Enumerate (step through every value) and Random (draw one value per asset).
+
+#include "shell/VUTesterSettings.h"
+
+#include <limits>
+
+class VUTESTER_EXPORT VUTesterLibraryFillerSettings : public VUTesterChildSettings<VUTesterLibraryFillerSettings> {
+    Q_OBJECT
+public:
+    static constexpr const char *kRootKey = "libraryFillerSettings";
+    static constexpr qint64 kEnumerate = 1000;
+    static constexpr qint64 kRandom = 1001;
+    static constexpr qint64 kAutomaticNumberOfAssets = std::numeric_limits<qint64>::max();
+
+    VUTesterLibraryFillerSettings();
+    static TWModulePtr settingsControllerModule();
+    void setDefaultValues() override;
+
+    // The plain values of an enumerable or choice setting and their titles, without the
+    // sentinels. Keys: "media", "orientation", "aspectRatio", "imageOrientation",
+    // "fillDestination", "locationRadius"; any other key gives two empty lists. Either output may
+    // be null.
+    static void getPossibleValues(QVariantList *values, QStringList *titles, const QString &setting);
+
+    // The presets, by title, in screen order.
+    static QStringList presetTitles();
+    // Applies a preset; false for an unknown title.
+    bool applyPreset(const QString &title);
+
+    qint64 fillDestination() const { return int64Value(QStringLiteral("fillDestination")); }
+    void setFillDestination(qint64 v) { setValue(QStringLiteral("fillDestination"), QVariant::fromValue(v)); }
+    qint64 numberOfAssetsToAdd() const { return int64Value(QStringLiteral("numberOfAssetsToAdd")); }
+    void setNumberOfAssetsToAdd(qint64 v) { setValue(QStringLiteral("numberOfAssetsToAdd"), QVariant::fromValue(v)); }
+    qint64 media() const { return int64Value(QStringLiteral("media")); }
+    void setMedia(qint64 v) { setValue(QStringLiteral("media"), QVariant::fromValue(v)); }
+    qint64 orientation() const { return int64Value(QStringLiteral("orientation")); }
+    void setOrientation(qint64 v) { setValue(QStringLiteral("orientation"), QVariant::fromValue(v)); }
+    double aspectRatio() const { return doubleValue(QStringLiteral("aspectRatio")); }
+    void setAspectRatio(double v) { setValue(QStringLiteral("aspectRatio"), v); }
+    qint64 longSide() const { return int64Value(QStringLiteral("longSide")); }
+    void setLongSide(qint64 v) { setValue(QStringLiteral("longSide"), QVariant::fromValue(v)); }
+    qint64 content() const { return int64Value(QStringLiteral("content")); }
+    void setContent(qint64 v) { setValue(QStringLiteral("content"), QVariant::fromValue(v)); }
+    qint64 imageOrientation() const { return int64Value(QStringLiteral("imageOrientation")); }
+    void setImageOrientation(qint64 v) { setValue(QStringLiteral("imageOrientation"), QVariant::fromValue(v)); }
+    // A location value (see TWLocationValue) or nil.
+    QVariant location() const { return valueForKey(QStringLiteral("location")); }
+    void setLocation(const QVariant &v) { setValue(QStringLiteral("location"), v); }
+    // Metres; 0 keeps every asset at the location itself.
+    qint64 locationRadius() const { return int64Value(QStringLiteral("locationRadius")); }
+    void setLocationRadius(qint64 v) { setValue(QStringLiteral("locationRadius"), QVariant::fromValue(v)); }
+
+    bool internalLocationIsSet() const { return boolValue(QStringLiteral("internalLocationIsSet")); }
+    QString internalProgressTitle() const { return stringValue(QStringLiteral("internalProgressTitle")); }
+    bool internalCancelable() const { return boolValue(QStringLiteral("internalCancelable")); }
+
+    // The location selection screen reports the place picked there.
+    void locationDidChange(QObject *locationSelector, const QVariant &location);
+
+private:
+    static TWRowPtr _choiceRowForSettingWithTitle(const QString &title, const QString &key, bool isEnumerable);
+};

@@ -1,0 +1,148 @@
+#pragma once
+// Settings of the component playgrounds. Each screen opens with the row that starts its
+// playground and closes with "Restore Defaults".
+
+#include "shell/VUTesterSettings.h"
+
+// A playground module: one untitled section with the row that starts the playground, then the
+// closing section.
+TWModulePtr VUTesterPlaygroundModule(const QString &title, std::vector<TWSection> extraSections = {});
+
+class VUTESTER_EXPORT VUTesterImagePickerSettings : public VUTesterChildSettings<VUTesterImagePickerSettings> {
+public:
+    static constexpr const char *kRootKey = "imagePickerSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterVideoEditorSettings : public VUTesterChildSettings<VUTesterVideoEditorSettings> {
+public:
+    static constexpr const char *kRootKey = "videoEditorSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterImageManagerSettings : public VUTesterChildSettings<VUTesterImageManagerSettings> {
+public:
+    static constexpr const char *kRootKey = "imageManagerSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterSharingSettings : public VUTesterChildSettings<VUTesterSharingSettings> {
+public:
+    static constexpr const char *kRootKey = "sharingSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
+public:
+    static constexpr const char *kRootKey = "oneUpPresentationSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
+public:
+    static constexpr const char *kRootKey = "videoScrubberSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
+public:
+    static constexpr const char *kRootKey = "swipeDownSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterVistraPickerSettings : public VUTesterChildSettings<VUTesterVistraPickerSettings> {
+public:
+    static constexpr const char *kRootKey = "vistraPickerSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VUTesterActivitySettings> {
+public:
+    static constexpr const char *kRootKey = "activityProgressSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterVideoOverlayButtonSettings : public VUTesterChildSettings<VUTesterVideoOverlayButtonSettings> {
+public:
+    static constexpr const char *kRootKey = "videoOverlayButtonSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterLatticerPlaygroundSettings : public VUTesterChildSettings<VUTesterLatticerPlaygroundSettings> {
+public:
+    static constexpr const char *kRootKey = "latticerPlaygroundSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterExploreLayoutSettings : public VUTesterChildSettings<VUTesterExploreLayoutSettings> {
+public:
+    static constexpr const char *kRootKey = "exploreLayoutPlaygroundSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterYearsMonthsLayoutsSettings : public VUTesterChildSettings<VUTesterYearsMonthsLayoutsSettings> {
+public:
+    static constexpr const char *kRootKey = "yearsMonthsLayoutsPlaygroundSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
+public:
+    static constexpr const char *kRootKey = "contextualNotificationsSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
+public:
+    static constexpr const char *kRootKey = "viewSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
+public:
+    static constexpr const char *kRootKey = "transitionSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
+public:
+    static constexpr const char *kRootKey = "userTransformsSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterLumoSettings : public VUTesterChildSettings<VUTesterLumoSettings> {
+public:
+    static constexpr const char *kRootKey = "lumoSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterLiveWallpaperSettings : public VUTesterChildSettings<VUTesterLiveWallpaperSettings> {
+public:
+    static constexpr const char *kRootKey = "liveWallpaperSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+class VUTESTER_EXPORT VUTesterSampleAccessoryViewSettings : public VUTesterChildSettings<VUTesterSampleAccessoryViewSettings> {
+public:
+    static constexpr const char *kRootKey = "sampleAccessorViewSettings";
+    static TWModulePtr settingsControllerModule();
+};
+
+// The Stir Shot view playground lays its pages out with one of two collection layouts.
+class VUTESTER_EXPORT VUTesterStirShotViewSettings : public VUTesterChildSettings<VUTesterStirShotViewSettings> {
+public:
+    static constexpr const char *kRootKey = "stirShotViewSettings";
+    VUTesterStirShotViewSettings();
+    static TWModulePtr settingsControllerModule();
+    void setDefaultValues() override;
+
+    // 0: one-up pages, 1: the sharing strip; any other value: no layout.
+    qint64 layout() const { return int64Value(QStringLiteral("layout")); }
+    void setLayout(qint64 layout) { setValue(QStringLiteral("layout"), QVariant::fromValue(layout)); }
+    double spacing() const { return doubleValue(QStringLiteral("spacing")); }
+    void setSpacing(double spacing) { setValue(QStringLiteral("spacing"), spacing); }
+    double margin() const { return doubleValue(QStringLiteral("margin")); }
+    void setMargin(double margin) { setValue(QStringLiteral("margin"), margin); }
+    double verticalFraction() const { return doubleValue(QStringLiteral("verticalFraction")); }
+    void setVerticalFraction(double fraction) { setValue(QStringLiteral("verticalFraction"), fraction); }
+};

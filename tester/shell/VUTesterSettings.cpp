@@ -1,0 +1,52 @@
+#include "shell/VUTesterSettings.h"
+
+#include "shell/VUTesterRootSettings.h"
+
+#include "ui/NavigationController.h"
+
+bool VUTesterSettings::isTransientKey(const QString &key)
+{
+    return key.startsWith(QLatin1String("internal"));
+}
+
+QVariant VUTesterSettings::archiveValueForKey(const QString &key) const
+{
+    if (isTransientKey(key))
+        return {};
+    return VXSettings::archiveValueForKey(key);
+}
+
+void VUTesterSettings::applyArchiveValue(const QVariant &value, const QString &key)
+{
+    if (isTransientKey(key))
+        return;
+    VXSettings::applyArchiveValue(value, key);
+}
+
+TWSection VUTesterSettings::restoreDefaultsSection(const QString &title)
+{
+    return TWSection::sectionWithRows({TWButtonRow::rowWithTitle(title, TWRestoreDefaultSettingsRowAction::actionWithSettingsKeyPath())});
+}
+
+TWRowPtr VUTesterSettings::playgroundRow(const QString &title, std::function<ui::ViewController *()> creator)
+{
+    return TWButtonRow::vu_rowWithTitle(title, [creator = std::move(creator)](ui::ViewController *settingsScreen) {
+        if (!creator || !settingsScreen || !settingsScreen->navigationController())
+            return;
+        if (ui::ViewController *playground = creator())
+            settingsScreen->navigationController()->pushViewController(playground, true);
+    });
+}
+
+TWSettings *VUTesterSharedRootSettings()
+{
+    return VUTesterRootSettings::sharedInstance();
+}
+
+TWSettings *VUTesterSharedChildSettings(const char *rootKey)
+{
+    TWSettings *child = VUTesterRootSettings::sharedInstance()->childSettings(QString::fromLatin1(rootKey));
+    if (!child)
+        qFatal("VUTesterRootSettings has no child settings '%s'", rootKey);
+    return child;
+}

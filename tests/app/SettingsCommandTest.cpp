@@ -1,0 +1,111 @@
+#include "QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct CliResult {
+    int status;
+    QString out;
+    QString err;
+};
+
+struct CliFixture : ::testing::Test {
+    QTemporaryDir home;
+
+    CliResult run(const QStringList &arguments)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home.filePath(QStringLiteral("config")));
+        environment.insert(QStringLiteral("XDG_DATA_HOME"), home.filePath(QStringLiteral("data")));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VISTRA_TESTER_PATH), arguments);
+        EXPECT_TRUE(process.waitForFinished(30000));
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    }
+    QString archivePath() const { return home.filePath(QStringLiteral("config/vistra-tester/settings.json")); }
+    QByteArray archive() const
+    {
+        QFile file(archivePath());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+} // namespace
+
+TEST_F(CliFixture, SetGetAndResetRoundTripThroughTheArchive)
+{
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.location"), QStringLiteral("48.8566,2.3522")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("animationsSettings.duration"), QStringLiteral("3.25")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("vexoSettings.sortAlphabetically"), QStringLiteral("true")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("animationsSettings.duration")}).out, QStringLiteral("3.25\n"));
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("libraryFillerSettings.location")}).out,
+              QStringLiteral("48.8566,2.3521999999999998\n"));
+
+    const CliResult list = run({QStringLiteral("settings"), QStringLiteral("list")});
+    EXPECT_TRUE(list.out.contains(QStringLiteral("vexoSettings.sortAlphabetically = true")));
+    EXPECT_TRUE(list.out.contains(QStringLiteral("libraryFillerSettings.internalCancelable = false  (bool, internal: not saved)")));
+
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("reset"), QStringLiteral("animationsSettings")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("animationsSettings.duration")}).out, QStringLiteral("2\n"));
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("vexoSettings.sortAlphabetically")}).out, QStringLiteral("true\n"))
+        << "resetting one object leaves the others";
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("reset")}).status, 0);
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("vexoSettings.sortAlphabetically")}).out, QStringLiteral("false\n"));
+}
+
+TEST_F(CliFixture, RefusalsExitWithStatusTwoAndChangeNothing)
+{
+    ASSERT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("4000")}).status, 0);
+    const QByteArray before = archive();
+    const QList<QStringList> refused{
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("big")},
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("12.5")},
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.noSuchKey"), QStringLiteral("1")},
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.internalCancelable"), QStringLiteral("true")},
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.location"), QStringLiteral("200,0")},
+        {QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings"), QStringLiteral("1")},
+        {QStringLiteral("settings"), QStringLiteral("reset"), QStringLiteral("libraryFillerSettings.longSide")},
+        {QStringLiteral("settings"), QStringLiteral("frobnicate")},
+        {QStringLiteral("screen"), QStringLiteral("nowhere")},
+    };
+    for (const QStringList &arguments : refused) {
+        const CliResult result = run(arguments);
+        EXPECT_EQ(result.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_TRUE(result.err.contains(QStringLiteral("vistra-tester "))) << result.err.toStdString();
+    }
+    EXPECT_EQ(archive(), before);
+    EXPECT_TRUE(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("big")})
+                    .err.contains(QStringLiteral("expected a whole number")));
+}
+
+TEST_F(CliFixture, ScreenPrintsAModuleOutlineWithValuesAndChoices)
+{
+    const CliResult root = run({QStringLiteral("screen")});
+    EXPECT_EQ(root.status, 0);
+    EXPECT_TRUE(root.out.startsWith(QStringLiteral("VistraUITester\n  section \"Diagnostics\"\n    drill-down \"Highlights\" -> vistraHighlightsDiagnosticsSettings\n")));
+    const CliResult filler = run({QStringLiteral("screen"), QStringLiteral("libraryFillerSettings")});
+    EXPECT_TRUE(filler.out.contains(QStringLiteral("button \"\" title from internalProgressTitle (now \"\") if internalCancelable != 0")));
+    EXPECT_TRUE(filler.out.contains(QStringLiteral("choice \"Media\" media = 1001\n      choices: 1000: Enumerate, 1001: Random, 0: Photo, 1: Video, 2: Stir Shot\n")));
+    EXPECT_TRUE(filler.out.contains(QStringLiteral("slider \"Photo Long Side\" longSide = 3200 [100 to 15000 step 100]")));
+}
+
+TEST_F(CliFixture, UnreadableArchiveStartsFromDefaultsAndIsKept)
+{
+    QDir().mkpath(QFileInfo(archivePath()).absolutePath());
+    QFile file(archivePath());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("not json");
+    file.close();
+    const CliResult result = run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("animationsSettings.duration")});
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.out, QStringLiteral("2\n"));
+    EXPECT_TRUE(result.err.contains(QStringLiteral("is unreadable")));
+    EXPECT_EQ(QDir(QFileInfo(archivePath()).absolutePath()).entryList({QStringLiteral("settings.json.unreadable-*")}).size(), 1);
+}
