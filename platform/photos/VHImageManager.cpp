@@ -46,13 +46,17 @@ struct VHImageManager::Request {
 };
 
 VHImageManager::VHImageManager(qint64 cacheBytes)
-    : m_cache(cacheBytes / 1024)
+    : m_state(std::make_shared<State>(cacheBytes / 1024))
     , m_queues{dispatch::Queue::createSerial("vh.imagemanager.decode.1"),
                dispatch::Queue::createSerial("vh.imagemanager.decode.2")}
 {
 }
 
-VHImageManager::~VHImageManager() = default;
+VHImageManager::~VHImageManager()
+{
+    std::lock_guard lock(m_state->mutex);
+    m_state->requests.clear();
+}
 
 VHImageManager *VHImageManager::defaultManager()
 {
@@ -75,39 +79,39 @@ VHImageRequestID VHImageManager::requestImageForAsset(const VHAsset &asset, cons
             .arg(int(contentMode))});
     graphics::ImagePtr cached;
     {
-        std::lock_guard lock(m_mutex);
-        m_requests.emplace(id, request);
-        if (graphics::ImagePtr *hit = m_cache.object(request->cacheKey))
+        std::lock_guard lock(m_state->mutex);
+        m_state->requests.emplace(id, request);
+        if (graphics::ImagePtr *hit = m_state->cache.object(request->cacheKey))
             cached = *hit;
     }
     if (cached) {
-        dispatch::Queue::main()->async([this, id, cached] {
-            _deliver(id, cached, {{VHImageResultIsCachedKey, true}});
+        dispatch::Queue::main()->async([state = m_state, id, cached] {
+            _deliver(state, id, cached, {{VHImageResultIsCachedKey, true}});
         });
     } else {
-        m_queues[m_nextQueue++ % std::size(m_queues)]->async([this, request] { _decode(request); });
+        m_queues[m_nextQueue++ % std::size(m_queues)]->async([state = m_state, request] { _decode(state, request); });
     }
     return id;
 }
 
 void VHImageManager::cancelImageRequest(VHImageRequestID requestID)
 {
-    std::lock_guard lock(m_mutex);
-    m_requests.erase(requestID);
+    std::lock_guard lock(m_state->mutex);
+    m_state->requests.erase(requestID);
 }
 
 void VHImageManager::clearCache()
 {
-    std::lock_guard lock(m_mutex);
-    m_cache.clear();
+    std::lock_guard lock(m_state->mutex);
+    m_state->cache.clear();
 }
 
-void VHImageManager::_decode(const std::shared_ptr<Request> &request)
+void VHImageManager::_decode(const std::shared_ptr<State> &state, const std::shared_ptr<Request> &request)
 {
     {
         // Cancelled while waiting (a cell scrolled away): skip the work.
-        std::lock_guard lock(m_mutex);
-        if (!m_requests.count(request->id))
+        std::lock_guard lock(state->mutex);
+        if (!state->requests.count(request->id))
             return;
     }
     QString error;
@@ -135,24 +139,25 @@ void VHImageManager::_decode(const std::shared_ptr<Request> &request)
         info.insert(VHImageErrorKey, error);
     } else {
         image = std::make_shared<const graphics::Image>(std::move(pixels));
-        std::lock_guard lock(m_mutex);
+        std::lock_guard lock(state->mutex);
         const qint64 kilobytes = std::max<qint64>(1, image->pixels().sizeInBytes() / 1024);
-        m_cache.insert(request->cacheKey, new graphics::ImagePtr(image), kilobytes);
+        state->cache.insert(request->cacheKey, new graphics::ImagePtr(image), kilobytes);
     }
     const VHImageRequestID id = request->id;
-    dispatch::Queue::main()->async([this, id, image, info] { _deliver(id, image, info); });
+    dispatch::Queue::main()->async([state, id, image, info] { _deliver(state, id, image, info); });
 }
 
-void VHImageManager::_deliver(VHImageRequestID id, const graphics::ImagePtr &image, QVariantMap info)
+void VHImageManager::_deliver(const std::shared_ptr<State> &state, VHImageRequestID id,
+                              const graphics::ImagePtr &image, QVariantMap info)
 {
     std::shared_ptr<Request> request;
     {
-        std::lock_guard lock(m_mutex);
-        auto found = m_requests.find(id);
-        if (found == m_requests.end())
+        std::lock_guard lock(state->mutex);
+        auto found = state->requests.find(id);
+        if (found == state->requests.end())
             return;
         request = found->second;
-        m_requests.erase(found);
+        state->requests.erase(found);
     }
     info.insert(VHImageResultRequestIDKey, id);
     if (request->handler)

@@ -10,6 +10,7 @@
 #include "graphics/Image.h"
 
 #include <QCache>
+#include <QString>
 #include <QSize>
 #include <QVariantMap>
 
@@ -49,13 +50,19 @@ public:
 
 private:
     struct Request;
-    void _decode(const std::shared_ptr<Request> &request);
-    void _deliver(VHImageRequestID id, const graphics::ImagePtr &image, QVariantMap info);
+    // Shared with the work in flight, so a manager may go away while its queues still decode.
+    struct State {
+        explicit State(qint64 cacheKilobytes) : cache(cacheKilobytes) {}
+        std::mutex mutex;
+        std::unordered_map<VHImageRequestID, std::shared_ptr<Request>> requests;
+        QCache<QString, graphics::ImagePtr> cache;
+    };
+    static void _decode(const std::shared_ptr<State> &state, const std::shared_ptr<Request> &request);
+    static void _deliver(const std::shared_ptr<State> &state, VHImageRequestID id, const graphics::ImagePtr &image,
+                         QVariantMap info);
 
     std::atomic<VHImageRequestID> m_nextID{0};
-    std::mutex m_mutex;
-    std::unordered_map<VHImageRequestID, std::shared_ptr<Request>> m_requests;
-    QCache<QString, graphics::ImagePtr> m_cache;
+    std::shared_ptr<State> m_state;
     dispatch::QueuePtr m_queues[2];
     std::atomic<unsigned> m_nextQueue{0};
 };

@@ -1,0 +1,149 @@
+// The library browser under the offscreen platform: the grid asks only for the thumbnails it
+// shows, shows them once they arrive, and follows the library as assets are added.
+
+#include "library/LibraryBrowserWidget.h"
+#include "library/LibraryThumbnailModel.h"
+
+#include "TestMedia.h"
+
+#include <photos/VHAssetChangeRequest.h>
+#include <photos/VHImageManager.h>
+#include <photos/VHPhotoLibrary.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QListView>
+#include <QScrollBar>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace photos::testing;
+
+namespace {
+
+class LibraryBrowserWidgetTest : public ::testing::Test {
+protected:
+    static void SetUpTestSuite()
+    {
+        static int argc = 1;
+        static char name[] = "test_library_browser";
+        static char *argv[] = {name, nullptr};
+        if (!QApplication::instance())
+            new QApplication(argc, argv);
+    }
+
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_dir.isValid());
+        m_library = VHPhotoLibrary::create(m_dir.filePath(QStringLiteral("Library")));
+        addPhotos(kAssets);
+    }
+
+    void addPhotos(int count)
+    {
+        QStringList files;
+        for (int i = 0; i < count; ++i) {
+            files << m_dir.filePath(QStringLiteral("p%1.jpg").arg(m_made++));
+            ASSERT_TRUE(writePhoto(files.last(), {QSize(24, 16), QDateTime::currentDateTime().addSecs(m_made), {}, {}}));
+        }
+        VHError error;
+        ASSERT_TRUE(m_library->performChangesAndWait(
+            [&] {
+                VHAssetResourceCreationOptions move;
+                move.setShouldMoveFile(true);
+                for (const QString &file : files)
+                    VHAssetCreationRequest::creationRequestForAsset()->addResourceWithType(VHAssetResourceType::Photo,
+                                                                                           file, move);
+            },
+            &error))
+            << error.debugDescription().toStdString();
+    }
+
+    template <typename F>
+    bool spinUntil(F done, int milliseconds = 10000)
+    {
+        QElapsedTimer timer;
+        timer.start();
+        while (!done() && timer.elapsed() < milliseconds)
+            QApplication::processEvents(QEventLoop::AllEvents, 10);
+        return done();
+    }
+
+    // Cells that fit in the viewport, counting partly visible rows.
+    int visibleCells(const QListView *view)
+    {
+        const QSize grid = view->gridSize();
+        const int columns = std::max(1, view->viewport()->width() / grid.width());
+        const int rows = int(std::ceil(double(view->viewport()->height()) / grid.height())) + 1;
+        return columns * rows;
+    }
+
+    static constexpr int kAssets = 400;
+    QTemporaryDir m_dir;
+    std::shared_ptr<VHPhotoLibrary> m_library;
+    int m_made = 0;
+};
+
+TEST_F(LibraryBrowserWidgetTest, RequestsOnlyVisibleThumbnailsAndShowsThem)
+{
+    VHImageManager manager;
+    LibraryBrowserWidget browser(m_library, nullptr, &manager);
+    browser.resize(420, 520);
+    browser.show();
+    LibraryThumbnailModel *model = browser.thumbnailModel();
+    ASSERT_EQ(model->rowCount(), kAssets);
+    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->pendingRequestCount() == 0; }));
+    const int visible = visibleCells(browser.gridView());
+    // Each visible cell at most once per thumbnail size (the first layout settles the size).
+    EXPECT_LE(model->requestCount(), 2 * visible);
+    EXPECT_LT(visible, kAssets / 4);
+    const QVariant first = model->data(model->index(0), Qt::DecorationRole);
+    ASSERT_TRUE(first.canConvert<QPixmap>());
+    EXPECT_FALSE(first.value<QPixmap>().isNull());
+    // The photos are smaller than a cell: shown at their own size, never enlarged.
+    EXPECT_EQ(first.value<QPixmap>().size(), QSize(24, 16));
+
+    // At the far end only the last screen is asked for.
+    const qint64 before = model->requestCount();
+    browser.gridView()->verticalScrollBar()->setValue(browser.gridView()->verticalScrollBar()->maximum());
+    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(kAssets - 1); }));
+    EXPECT_FALSE(model->hasThumbnail(kAssets / 2));
+    EXPECT_LE(model->requestCount() - before, visible + 1);
+}
+
+TEST_F(LibraryBrowserWidgetTest, ScrollingAwayCancelsRequestsThatHaveNotArrived)
+{
+    VHImageManager manager;
+    LibraryBrowserWidget browser(m_library, nullptr, &manager);
+    browser.resize(420, 520);
+    browser.show();
+    QListView *view = browser.gridView();
+    LibraryThumbnailModel *model = browser.thumbnailModel();
+    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->pendingRequestCount() == 0; }));
+    // Jump to the end and straight back, before the main loop can deliver the end's thumbnails:
+    // what was asked for down there is cancelled and never arrives.
+    view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum());
+    view->viewport()->repaint();
+    const int asked = model->pendingRequestCount();
+    EXPECT_GT(asked, 0);
+    view->verticalScrollBar()->setValue(0);
+    EXPECT_EQ(model->pendingRequestCount(), 0);
+    spinUntil([] { return false; }, 300);
+    for (int row = kAssets - 8; row < kAssets; ++row)
+        EXPECT_FALSE(model->hasThumbnail(row)) << row;
+}
+
+TEST_F(LibraryBrowserWidgetTest, FollowsTheLibraryAsAssetsArrive)
+{
+    VHImageManager manager;
+    LibraryBrowserWidget browser(m_library, nullptr, &manager);
+    browser.resize(300, 300);
+    browser.show();
+    addPhotos(3);
+    EXPECT_TRUE(spinUntil([&] { return browser.thumbnailModel()->rowCount() == kAssets + 3; }));
+}
+
+} // namespace
