@@ -9,7 +9,8 @@ namespace {
 constexpr int kSchemaVersion = 1;
 
 // Times are integers (milliseconds UTC; local wall-clock seconds) so that sorting and range scans
-// use plain integer indexes. Highlight rows carry the sums their parents aggregate, so a month or
+// use plain integer indexes; the row id ends every index, so (hidden, creation_ms) alone answers the
+// usual fetch, visible assets by date with ties by id, without touching the table. Highlight rows carry the sums their parents aggregate, so a month or
 // a year is rebuilt from its children's rows rather than from every asset.
 const char kSchema[] = R"sql(
 CREATE TABLE IF NOT EXISTS asset (
@@ -31,8 +32,8 @@ CREATE TABLE IF NOT EXISTS asset (
   display_time_scale INTEGER NOT NULL DEFAULT 1,
   added_ms INTEGER NOT NULL
 );
-CREATE INDEX IF NOT EXISTS asset_by_creation ON asset(creation_ms, id);
-CREATE INDEX IF NOT EXISTS asset_by_local ON asset(local_seconds, id);
+CREATE INDEX IF NOT EXISTS asset_by_hidden_creation ON asset(hidden, creation_ms);
+CREATE INDEX IF NOT EXISTS asset_by_local ON asset(local_seconds);
 CREATE TABLE IF NOT EXISTS resource (
   asset_id INTEGER NOT NULL REFERENCES asset(id) ON DELETE CASCADE,
   type INTEGER NOT NULL,
@@ -69,7 +70,7 @@ CREATE TABLE IF NOT EXISTS highlight (
   key_asset_id INTEGER,
   UNIQUE (subtype, period_key)
 );
-CREATE INDEX IF NOT EXISTS highlight_by_start ON highlight(subtype, start_ms, id);
+CREATE INDEX IF NOT EXISTS highlight_by_start ON highlight(subtype, start_ms, period_key);
 CREATE TABLE IF NOT EXISTS highlight_asset (
   highlight_id INTEGER NOT NULL REFERENCES highlight(id) ON DELETE CASCADE,
   kind INTEGER NOT NULL,

@@ -21,7 +21,10 @@ QVector<qint64> runFetch(VHPhotoLibrary &library, const FetchQuery &query, const
             qFatal("VHFetchOptions: cannot sort by unknown key '%s'", qPrintable(descriptor.key));
         order.append(QByteArray(column->column) + (descriptor.ascending ? " ASC" : " DESC"));
     }
-    order.append(query.defaultOrder);
+    if (order.isEmpty())
+        order.append(query.defaultOrder);
+    else
+        order.append(query.tieBreaker + (options.sortDescriptors().last().ascending ? " ASC" : " DESC"));
     sql += " ORDER BY " + order.join(", ");
     if (options.fetchLimit() > 0)
         sql += " LIMIT " + QByteArray::number(options.fetchLimit());

@@ -20,7 +20,10 @@ struct FetchQuery {
     QByteArray select; // "SELECT a.id FROM asset a ..."
     QList<QByteArray> conditions;
     QList<std::variant<qint64, QString>> bindings;
-    QByteArray defaultOrder; // used after the caller's keys, so equal keys keep a stable order
+    QByteArray defaultOrder; // the order when the caller gives no sort keys
+    // Appended after the caller's keys in the direction of the last one, so equal keys keep a
+    // stable order and an index on (key, tie breaker) serves the query in either direction.
+    QByteArray tieBreaker;
 
     void where(const QByteArray &condition, std::variant<qint64, QString> value)
     {

@@ -72,7 +72,7 @@ bool HighlightStore::hasDirtyDays()
 void HighlightStore::refreshDirty()
 {
     Transaction transaction(m_db);
-    QSet<qint64> days;
+    std::set<qint64> days;
     {
         auto query = m_db.prepare("SELECT day FROM highlight_dirty");
         while (query.next())
@@ -88,7 +88,7 @@ void HighlightStore::rebuildAll()
 {
     Transaction transaction(m_db);
     m_db.exec("DELETE FROM highlight; DELETE FROM highlight_dirty;");
-    QSet<qint64> days;
+    std::set<qint64> days;
     QVector<Candidate> pool;
     qint64 currentDay = 0;
     auto query = m_db.prepare("SELECT " VH_CANDIDATE_COLUMNS " FROM asset a WHERE a.hidden = 0"
@@ -110,7 +110,7 @@ void HighlightStore::rebuildAll()
     transaction.commit();
 }
 
-void HighlightStore::refreshDays(const QSet<qint64> &days)
+void HighlightStore::refreshDays(const std::set<qint64> &days)
 {
     for (qint64 day : days) {
         QVector<Candidate> pool;
@@ -136,10 +136,10 @@ void HighlightStore::writeDay(qint64 day, const QVector<Candidate> &pool)
     write(period, totals, HighlightRules::curate(pool));
 }
 
-void HighlightStore::refreshParents(const QSet<qint64> &days)
+void HighlightStore::refreshParents(const std::set<qint64> &days)
 {
     std::map<qint64, QDate> months; // month key -> its first day
-    QSet<int> years;
+    std::set<int> years;
     for (qint64 day : days) {
         const QDate date = dateOfDay(day);
         months.emplace(monthKey(date), QDate(date.year(), date.month(), 1));

@@ -7,7 +7,7 @@
 #include "Database.h"
 #include "HighlightRules.h"
 
-#include <QSet>
+#include <set>
 
 namespace photos::detail {
 
@@ -31,9 +31,9 @@ private:
         QString title;
     };
 
-    void refreshDays(const QSet<qint64> &days);
+    void refreshDays(const std::set<qint64> &days);
     void writeDay(qint64 day, const QVector<Candidate> &pool);
-    void refreshParents(const QSet<qint64> &days);
+    void refreshParents(const std::set<qint64> &days);
     void refreshFromChildren(const Period &period, int childSubtype, qint64 firstChild, qint64 lastChild);
     void refreshDayGroups(int year, int month);
     void write(const Period &period, const HighlightTotals &totals, const Curation &curation);

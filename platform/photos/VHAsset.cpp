@@ -26,7 +26,7 @@ std::shared_ptr<VHPhotoLibrary> libraryOf(const VHFetchOptions &options)
 
 FetchQuery assetQuery(const VHFetchOptions &options)
 {
-    FetchQuery query{"SELECT a.id FROM asset a", {}, {}, "a.creation_ms, a.id"};
+    FetchQuery query{"SELECT a.id FROM asset a", {}, {}, "a.creation_ms, a.id", "a.id"};
     if (!options.includeHiddenAssets())
         query.where("a.hidden = ?", qint64(0));
     return query;
@@ -46,7 +46,7 @@ VHFetchResult<VHAsset> fetchCuration(const VHAssetCollection &collection, Curati
     library->ensureHighlightsCurrent();
     FetchQuery query{"SELECT a.id FROM highlight h JOIN highlight_asset ha ON ha.highlight_id = h.id"
                      " JOIN asset a ON a.id = ha.asset_id",
-                     {}, {}, "ha.position"};
+                     {}, {}, "ha.position", "ha.position"};
     query.where("h.uuid = ?", collection.localIdentifier());
     query.where("ha.kind = ?", qint64(kind));
     return fetch(library, query, options);
@@ -145,7 +145,7 @@ VHFetchResult<VHAsset> VHAsset::fetchKeyCuratedAssetInAssetCollection(const VHAs
             return VHFetchResult<VHAsset>(library, {referenceAsset->rowId()});
     }
     library->ensureHighlightsCurrent();
-    FetchQuery query{"SELECT a.id FROM highlight h JOIN asset a ON a.id = h.key_asset_id", {}, {}, "a.id"};
+    FetchQuery query{"SELECT a.id FROM highlight h JOIN asset a ON a.id = h.key_asset_id", {}, {}, "a.id", "a.id"};
     query.where("h.uuid = ?", collection.localIdentifier());
     return fetch(library, query, {});
 }

@@ -40,7 +40,7 @@ VHFetchResult<VHAssetCollection> VHAssetCollection::fetchAssetCollectionsWithTyp
     if (type != VHAssetCollectionType::Highlight)
         return VHFetchResult<VHAssetCollection>(library, {});
     library->ensureHighlightsCurrent();
-    FetchQuery query{"SELECT h.id FROM highlight h", {}, {}, "h.start_ms, h.id"};
+    FetchQuery query{"SELECT h.id FROM highlight h", {}, {}, "h.start_ms, h.period_key", "h.period_key"};
     if (subtype != VHAssetCollectionSubtypeAny)
         query.where("h.subtype = ?", qint64(subtype));
     return VHFetchResult<VHAssetCollection>(
