@@ -23,7 +23,8 @@ public:
 
     qsizetype count() const { return m_state ? m_state->ids.size() : 0; }
     bool isEmpty() const { return count() == 0; }
-    // Index in range is the caller's promise, as for any array.
+    // Index in range is the caller's promise, as for any array. An object deleted since the fetch
+    // comes back invalid.
     T objectAtIndex(qsizetype index) const { return m_state->object(index); }
     T firstObject() const { return isEmpty() ? T() : objectAtIndex(0); }
     T lastObject() const { return isEmpty() ? T() : objectAtIndex(count() - 1); }
@@ -46,13 +47,19 @@ private:
             QMutexLocker locker(&mutex);
             auto found = pages.constFind(page);
             if (found == pages.constEnd()) {
+                const qsizetype first = page * kPageSize;
+                const qsizetype end = std::min(ids.size(), first + kPageSize);
                 QVector<RecordPtr> records;
-                const qsizetype end = std::min(ids.size(), (page + 1) * kPageSize);
-                library->catalogue().read([&](photos::detail::Database &database) {
-                    for (qsizetype row = page * kPageSize; row < end; ++row)
-                        records.append(T::loadRecord(database, ids[row]));
-                    return 0;
-                });
+                try {
+                    library->catalogue().read([&](photos::detail::Database &database) {
+                        for (qsizetype row = first; row < end; ++row)
+                            records.append(T::loadRecord(database, ids[row]));
+                        return 0;
+                    });
+                } catch (const photos::detail::DatabaseError &) {
+                    // An unreadable catalogue yields invalid objects (isValid() false), not a crash.
+                }
+                records.resize(end - first);
                 found = pages.insert(page, records);
             }
             return T(library, found->at(index % kPageSize));

@@ -134,7 +134,7 @@ bool VHPhotoLibrary::performChangesAndWait(ChangeBlock changes, VHError *error)
 {
     bool success = false;
     VHError failure;
-    m_changeQueue->sync([&] { success = _apply(changes, &failure); });
+    _runOnChangeQueue([&] { success = _apply(changes, &failure); });
     if (error)
         *error = failure;
     return success;

@@ -56,7 +56,7 @@ public:
     // Runs `changes` on the library's change queue, then applies every request it made as one
     // transaction and calls `completion` on that queue. Nothing is applied when any request fails.
     void performChanges(ChangeBlock changes, CompletionHandler completion);
-    // The same, waiting for the outcome. Must not be called from the change queue itself.
+    // The same, waiting for the outcome (run at once when called from the change queue itself).
     bool performChangesAndWait(ChangeBlock changes, VHError *error);
 
     VHFetchOptions librarySpecificFetchOptions();
