@@ -4,6 +4,7 @@
 #include "library/LibraryBrowserWidget.h"
 #include "library/LibraryThumbnailModel.h"
 
+#include "EventLoop.h"
 #include "TestMedia.h"
 
 #include <photos/VHAssetChangeRequest.h>
@@ -11,7 +12,6 @@
 #include <photos/VHPhotoLibrary.h>
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QListView>
 #include <QScrollBar>
 #include <QTemporaryDir>
@@ -26,14 +26,7 @@ namespace {
 
 class LibraryBrowserWidgetTest : public ::testing::Test {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "test_library_browser";
-        static char *argv[] = {name, nullptr};
-        if (!QApplication::instance())
-            new QApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { ensureApplication<QApplication>(); }
 
     void SetUp() override
     {
@@ -62,16 +55,6 @@ protected:
             << error.debugDescription().toStdString();
     }
 
-    template <typename F>
-    bool spinUntil(F done, int milliseconds = 10000)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (!done() && timer.elapsed() < milliseconds)
-            QApplication::processEvents(QEventLoop::AllEvents, 10);
-        return done();
-    }
-
     // Cells that fit in the viewport, counting partly visible rows.
     int visibleCells(const QListView *view)
     {
@@ -81,7 +64,19 @@ protected:
         return columns * rows;
     }
 
+    // A browser on screen whose first screen of thumbnails has arrived.
+    std::unique_ptr<LibraryBrowserWidget> showBrowser(QSize size)
+    {
+        auto browser = std::make_unique<LibraryBrowserWidget>(m_library, nullptr, &m_manager);
+        browser->resize(size);
+        browser->show();
+        LibraryThumbnailModel *model = browser->thumbnailModel();
+        EXPECT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->pendingRequestCount() == 0; }));
+        return browser;
+    }
+
     static constexpr int kAssets = 400;
+    VHImageManager m_manager;
     QTemporaryDir m_dir;
     std::shared_ptr<VHPhotoLibrary> m_library;
     int m_made = 0;
@@ -89,14 +84,10 @@ protected:
 
 TEST_F(LibraryBrowserWidgetTest, RequestsOnlyVisibleThumbnailsAndShowsThem)
 {
-    VHImageManager manager;
-    LibraryBrowserWidget browser(m_library, nullptr, &manager);
-    browser.resize(420, 520);
-    browser.show();
-    LibraryThumbnailModel *model = browser.thumbnailModel();
+    const auto browser = showBrowser(QSize(420, 520));
+    LibraryThumbnailModel *model = browser->thumbnailModel();
     ASSERT_EQ(model->rowCount(), kAssets);
-    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->pendingRequestCount() == 0; }));
-    const int visible = visibleCells(browser.gridView());
+    const int visible = visibleCells(browser->gridView());
     // Each visible cell at most once per thumbnail size (the first layout settles the size).
     EXPECT_LE(model->requestCount(), 2 * visible);
     EXPECT_LT(visible, kAssets / 4);
@@ -108,7 +99,7 @@ TEST_F(LibraryBrowserWidgetTest, RequestsOnlyVisibleThumbnailsAndShowsThem)
 
     // At the far end only the last screen is asked for.
     const qint64 before = model->requestCount();
-    browser.gridView()->verticalScrollBar()->setValue(browser.gridView()->verticalScrollBar()->maximum());
+    browser->gridView()->verticalScrollBar()->setValue(browser->gridView()->verticalScrollBar()->maximum());
     ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(kAssets - 1); }));
     EXPECT_FALSE(model->hasThumbnail(kAssets / 2));
     EXPECT_LE(model->requestCount() - before, visible + 1);
@@ -116,13 +107,9 @@ TEST_F(LibraryBrowserWidgetTest, RequestsOnlyVisibleThumbnailsAndShowsThem)
 
 TEST_F(LibraryBrowserWidgetTest, ScrollingAwayCancelsRequestsThatHaveNotArrived)
 {
-    VHImageManager manager;
-    LibraryBrowserWidget browser(m_library, nullptr, &manager);
-    browser.resize(420, 520);
-    browser.show();
-    QListView *view = browser.gridView();
-    LibraryThumbnailModel *model = browser.thumbnailModel();
-    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->pendingRequestCount() == 0; }));
+    const auto browser = showBrowser(QSize(420, 520));
+    QListView *view = browser->gridView();
+    LibraryThumbnailModel *model = browser->thumbnailModel();
     // Jump to the end and straight back, before the main loop can deliver the end's thumbnails:
     // what was asked for down there is cancelled and never arrives.
     view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum());
@@ -138,12 +125,9 @@ TEST_F(LibraryBrowserWidgetTest, ScrollingAwayCancelsRequestsThatHaveNotArrived)
 
 TEST_F(LibraryBrowserWidgetTest, FollowsTheLibraryAsAssetsArrive)
 {
-    VHImageManager manager;
-    LibraryBrowserWidget browser(m_library, nullptr, &manager);
-    browser.resize(300, 300);
-    browser.show();
+    const auto browser = showBrowser(QSize(300, 300));
     addPhotos(3);
-    EXPECT_TRUE(spinUntil([&] { return browser.thumbnailModel()->rowCount() == kAssets + 3; }));
+    EXPECT_TRUE(spinUntil([&] { return browser->thumbnailModel()->rowCount() == kAssets + 3; }));
 }
 
 } // namespace

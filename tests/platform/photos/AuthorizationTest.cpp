@@ -1,10 +1,10 @@
 // Authorization of the shared library: authorized when its folder opens for reading and writing,
 // denied otherwise. The shared library is made once per process, so each case runs in a child.
 
+#include "EventLoop.h"
+
 #include "photos/VHPhotoLibrary.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -36,11 +36,7 @@ TEST(AuthorizationTest, AuthorizedWhenTheLibraryOpensDeniedOtherwise)
 
 TEST(AuthorizationTest, RequestAnswersOnTheMainThread)
 {
-    static int argc = 1;
-    static char name[] = "test_photos";
-    static char *argv[] = {name, nullptr};
-    if (!QCoreApplication::instance())
-        new QCoreApplication(argc, argv);
+    photos::testing::ensureApplication<QCoreApplication>();
     QTemporaryDir dir;
     ASSERT_TRUE(dir.isValid());
     VHPhotoLibrary::setSharedLibraryLocation(dir.filePath(QStringLiteral("Shared")));
@@ -50,10 +46,7 @@ TEST(AuthorizationTest, RequestAnswersOnTheMainThread)
         status = int(answer);
         onMainThread = QThread::currentThread() == QCoreApplication::instance()->thread();
     });
-    QElapsedTimer timer;
-    timer.start();
-    while (status < 0 && timer.elapsed() < 10000)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    photos::testing::spinUntil([&] { return status >= 0; });
     EXPECT_EQ(status, 3);
     EXPECT_TRUE(onMainThread);
     EXPECT_EQ(VHPhotoLibrary::sharedPhotoLibrary()->location(), dir.filePath(QStringLiteral("Shared")));

@@ -1,12 +1,11 @@
 // Thumbnails: sizes for each content mode, delivery on the main thread, the cache, videos, and
 // cancelled requests that must never be delivered.
 
+#include "EventLoop.h"
 #include "PhotoLibraryFixture.h"
 
 #include "photos/VHImageManager.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QThread>
 
 #include <map>
@@ -17,31 +16,13 @@ namespace {
 
 class ImageManagerTest : public PhotoLibraryFixture {
 protected:
-    static void SetUpTestSuite()
-    {
-        static int argc = 1;
-        static char name[] = "test_photos";
-        static char *argv[] = {name, nullptr};
-        if (!QCoreApplication::instance())
-            new QCoreApplication(argc, argv);
-    }
+    static void SetUpTestSuite() { ensureApplication<QCoreApplication>(); }
 
     VHAsset importedPhoto(QSize size)
     {
         EXPECT_TRUE(import(photo(QStringLiteral("t%1.jpg").arg(m_counter++), {size, QDateTime::currentDateTime(), {}, {}}),
                            {}, true));
         return allAssets().lastObject();
-    }
-
-    // Spins the main loop until `done` or a time-out.
-    template <typename F>
-    bool spinUntil(F done, int milliseconds = 10000)
-    {
-        QElapsedTimer timer;
-        timer.start();
-        while (!done() && timer.elapsed() < milliseconds)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-        return done();
     }
 
     struct Delivery {
