@@ -64,6 +64,17 @@ bool copyDurably(const QString &source, const QString &partial, QString *error)
     return true;
 }
 
+bool sameContents(const QString &a, const QString &b)
+{
+    QFile first(a), second(b);
+    if (!first.open(QIODevice::ReadOnly) || !second.open(QIODevice::ReadOnly) || first.size() != second.size())
+        return false;
+    while (!first.atEnd())
+        if (first.read(1 << 20) != second.read(1 << 20))
+            return false;
+    return true;
+}
+
 } // namespace
 
 LibraryFolder::LibraryFolder(QString root) : m_root(QDir::cleanPath(QDir(root).absolutePath()))
@@ -170,7 +181,9 @@ bool LibraryFolder::unplace(const QString &source, const QString &relativeDestin
     QFile::remove(destination + partialSuffix());
     if (!QFileInfo::exists(destination))
         return true;
-    if (!moved) {
+    // A copy, or a move across file systems cut short before it removed its source: the source
+    // is whole, so the library's copy goes.
+    if (!moved || sameContents(source, destination)) {
         if (QFile::remove(destination))
             return true;
         *error = QStringLiteral("cannot remove %1").arg(destination);

@@ -24,9 +24,11 @@ namespace {
 
 class ReliabilityTest : public PhotoLibraryFixture {
 protected:
+    enum Placement { Moved, Copied, PartlyCopied };
+
     // Leaves the library exactly as a process killed after placing a file, before committing its
-    // row, leaves it: the journal entry is committed and the file is in place.
-    void interruptAfterPlacing(const QString &source, bool move, bool partialOnly)
+    // row, leaves it: the journal entry (a move or a copy) is committed and the file is placed.
+    void interruptAfterPlacing(const QString &source, bool move, Placement placement)
     {
         m_library.reset();
         LibraryFolder folder(libraryPath());
@@ -39,13 +41,13 @@ protected:
             catalogue.addPendingFile(pending);
             transaction.commit();
         }
-        if (partialOnly) {
+        if (placement == PartlyCopied) {
             QDir().mkpath(QFileInfo(folder.resolve(destination)).absolutePath());
             QFile::copy(source, folder.resolve(destination) + LibraryFolder::partialSuffix());
             return;
         }
         QString error;
-        ASSERT_TRUE(folder.place(source, destination, move, &error)) << error.toStdString();
+        ASSERT_TRUE(folder.place(source, destination, placement == Moved, &error)) << error.toStdString();
     }
 };
 
@@ -53,7 +55,7 @@ TEST_F(ReliabilityTest, MoveInterruptedBeforeCommitIsReturnedOnReopen)
 {
     const QString source = photo("killed.jpg", {QSize(32, 32), QDateTime::currentDateTime(), {}, {}});
     const QByteArray bytes = [&] { QFile f(source); f.open(QIODevice::ReadOnly); return f.readAll(); }();
-    interruptAfterPlacing(source, true, false);
+    interruptAfterPlacing(source, true, Moved);
     ASSERT_FALSE(QFileInfo::exists(source));
     ASSERT_EQ(originals().size(), 1);
 
@@ -72,17 +74,28 @@ TEST_F(ReliabilityTest, MoveInterruptedBeforeCommitIsReturnedOnReopen)
 TEST_F(ReliabilityTest, CopyInterruptedHalfWayLeavesNoPartialFile)
 {
     const QString source = photo("copied.jpg", {QSize(32, 32), QDateTime::currentDateTime(), {}, {}});
-    interruptAfterPlacing(source, false, true);
+    interruptAfterPlacing(source, false, PartlyCopied);
     reopen();
     EXPECT_TRUE(originals().isEmpty());
     EXPECT_TRUE(QFileInfo::exists(source));
     EXPECT_EQ(allAssets().count(), 0);
 }
 
+// A move across file systems copies, then removes the source: killed in between, both are whole.
+TEST_F(ReliabilityTest, MoveCutShortBeforeRemovingItsSourceKeepsOneCopy)
+{
+    const QString source = photo("both.jpg", {QSize(32, 32), QDateTime::currentDateTime(), {}, {}});
+    interruptAfterPlacing(source, true, Copied);
+    reopen();
+    EXPECT_TRUE(QFileInfo::exists(source));
+    EXPECT_TRUE(originals().isEmpty());
+    EXPECT_EQ(allAssets().count(), 0);
+}
+
 TEST_F(ReliabilityTest, MoveBackNeverOverwritesAFileThatAppearedAtTheSource)
 {
     const QString source = photo("taken.jpg", {QSize(32, 32), QDateTime::currentDateTime(), {}, {}});
-    interruptAfterPlacing(source, true, false);
+    interruptAfterPlacing(source, true, Moved);
     {
         QFile newcomer(source);
         ASSERT_TRUE(newcomer.open(QIODevice::WriteOnly));
