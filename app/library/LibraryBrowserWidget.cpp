@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QListView>
+#include <QLocale>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -117,7 +118,9 @@ void LibraryBrowserWidget::_updateSummary()
         m_summary->setText(error.debugDescription());
         return;
     }
-    m_summary->setText(tr("%n asset(s) in %1", nullptr, m_model->rowCount()).arg(m_library->location()));
+    const int count = m_model->rowCount();
+    m_summary->setText(count == 1 ? tr("1 asset in %1").arg(m_library->location())
+                                  : tr("%1 assets in %2").arg(QLocale().toString(count), m_library->location()));
 }
 
 // As many whole columns as fit, each at least kMinimumCell wide, filling the width exactly.
