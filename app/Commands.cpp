@@ -6,11 +6,14 @@
 
 namespace app {
 
+int runImageCommand(const QStringList &arguments);
+
 static const Command kCommands[] = {
     {"version", "print the module's version", [](const QStringList &) {
          std::fputs("VistraUITester 1.0\n", stdout);
          return int(ExitOk);
      }},
+    {"image", "render one image generator to a PNG file", runImageCommand},
 };
 
 const Command *commands(int *count)
