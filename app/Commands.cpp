@@ -6,12 +6,14 @@
 
 namespace app {
 
-int runSettingsCommand(const QStringList &arguments);
+int runImageCommand(const QStringList &arguments);
 int runScreenCommand(const QStringList &arguments);
+int runSettingsCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
     {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
     {"screen", "print a settings screen as an outline", runScreenCommand},
+    {"image", "render one image generator to a PNG file", runImageCommand},
 };
 
 const Command *commands(int *count)

@@ -1,5 +1,7 @@
 #include "Image.h"
 
+#include "OrientedPixels.h"
+
 namespace graphics {
 
 Image::Image(QImage pixels, ImageOrientation orientation, double scale)
@@ -22,8 +24,8 @@ QImage Image::uprightPixels() const
     const int exif = exifOrientation(m_orientation);
     if (exif == 1)
         return m_pixels;
-    // Orthogonal transforms of whole pixels: Qt moves pixels exactly, with no resampling.
-    return m_pixels.transformed(exifOrientationTransform(exif));
+    // Whole-pixel moves into a recycled buffer: exact, and no fresh memory to fault in.
+    return orientedPixels(m_pixels, exif);
 }
 
 } // namespace graphics

@@ -1,0 +1,3 @@
+#include "VUTesterMediaLogging.h"
+
+Q_LOGGING_CATEGORY(lcVUTesterGenerators, "vistra.tester.media.generators")
