@@ -1,5 +1,6 @@
 #include "VideoInput.h"
 
+#include "FFmpegError.h"
 #include "PixelBuffer.h"
 
 extern "C" {
@@ -14,19 +15,12 @@ extern "C" {
 namespace movie {
 namespace {
 
-QString averror(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
-
 bool failed(int code, const char *what, QString *error)
 {
     if (code >= 0)
         return false;
     if (error)
-        *error = QStringLiteral("%1: %2").arg(QLatin1String(what), averror(code));
+        *error = QStringLiteral("%1: %2").arg(QLatin1String(what), ffmpegErrorText(code));
     return true;
 }
 
