@@ -83,6 +83,9 @@ bool readMovieMetadata(const QString &path, MovieMetadata *metadata, QString *er
 
     const AVDictionary *tags = context->metadata;
     metadata->creationDate = QDateTime::fromString(tag(tags, kCreationDateKey), Qt::ISODate);
+    // Movies from other tools often carry only the movie header's own date.
+    if (!metadata->creationDate.isValid())
+        metadata->creationDate = QDateTime::fromString(tag(tags, QStringLiteral("creation_time")), Qt::ISODate);
     metadata->hasLocation = parseISO6709(tag(tags, kLocationKey), &metadata->latitude, &metadata->longitude);
     metadata->publisher = tag(tags, kPublisherKey);
     metadata->pairingIdentifier = tag(tags, kPairingIdentifierKey);

@@ -121,6 +121,10 @@ bool MovieWriter::appendPixelBuffer(const PixelBuffer &buffer, MediaTime time)
 {
     if (status() != Status::Writing)
         return false;
+    if (time.timescale <= 0) {
+        _fail(QStringLiteral("invalid time scale %1: frame rates below 1 cannot be written").arg(time.timescale));
+        return false;
+    }
     QString error;
     if (!m_headerWritten && !_writeHeader(time.timescale, &error)) {
         _fail(error);

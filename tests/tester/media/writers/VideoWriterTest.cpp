@@ -204,6 +204,15 @@ TEST(VUTesterVideoWriter, FailuresReachTheHandler)
     ASSERT_TRUE(outcome.error);
     EXPECT_TRUE(outcome.error->debugDescription.contains(QStringLiteral("missing/a.mov")));
 
+    // Presentation times are whole ticks of the frame rate: below 1 fps there are none.
+    VUTesterVideoWriter slow;
+    slow.setOutputURL(dir.filePath(QStringLiteral("slow.mov")));
+    slow.setOutputFPS(0.5);
+    slow.setFrameGenerator([&](double) { return frame(64, 48); });
+    outcome = create(slow);
+    ASSERT_TRUE(outcome.error);
+    EXPECT_TRUE(outcome.error->debugDescription.contains(QStringLiteral("time scale")));
+
     // Without the frame at time 0 no encoder is set up: an error, not a hang.
     VUTesterVideoWriter noFirstFrame;
     noFirstFrame.setOutputURL(dir.filePath(QStringLiteral("late.mov")));
