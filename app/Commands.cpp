@@ -6,6 +6,7 @@
 
 namespace app {
 
+int runImageCommand(const QStringList &arguments);
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 
@@ -14,6 +15,7 @@ static const Command kCommands[] = {
          std::fputs("VistraUITester 1.0\n", stdout);
          return int(ExitOk);
      }},
+    {"image", "render one image generator to a PNG file", runImageCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
 };
