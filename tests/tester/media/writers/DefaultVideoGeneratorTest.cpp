@@ -1,0 +1,131 @@
+#include "media/VUTesterDefaultVideoGenerator.h"
+
+#include "MovieFileProbe.h"
+
+#include <dispatch/Dispatch.h>
+#include <movie/MovieMetadata.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QUuid>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Result {
+    QString path;
+    VUTesterOptionalError error;
+    std::string queueLabel;
+};
+
+Result generate(VUTesterDefaultVideoGenerator &generator, const QString &suffix)
+{
+    Result result;
+    dispatch::Semaphore done;
+    generator.generateVideoWithFileNameSuffix(suffix, [&](const QString &path, VUTesterOptionalError error) {
+        dispatch::Queue *queue = dispatch::Queue::current();
+        result = {path, error, queue ? queue->label() : std::string()};
+        done.signal();
+    });
+    done.wait();
+    return result;
+}
+
+// A suffix of its own per run, so cached movies of earlier runs are never hit by accident.
+QString uniqueSuffix()
+{
+    return QUuid::createUuid().toString(QUuid::Id128).left(12);
+}
+
+} // namespace
+
+TEST(VUTesterDefaultVideoGenerator, SizesAreCappedAtTenEightyAndRoundedUpToSixteen)
+{
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_normalizedVideoSize({1000, 2000}), QSizeF(544, 1080));
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_normalizedVideoSize({384, 216}), QSizeF(384, 216));
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_normalizedVideoSize({1920, 1080}), QSizeF(1920, 1080));
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_normalizedVideoSize({1000, 1000.4}), QSizeF(1008, 1000));
+}
+
+TEST(VUTesterDefaultVideoGenerator, FileNamesCarryTheParametersAndTheSuffix)
+{
+    VUTesterDefaultVideoGenerator generator;
+    EXPECT_EQ(generator.videoSize(), QSizeF(1920, 1080));
+    EXPECT_EQ(generator.videoDuration(), 5.0);
+    EXPECT_EQ(generator.videoFPS(), 24.0);
+    const QString plain = VUTesterDefaultVideoGenerator::_videoPath({1920, 1080}, 5.0, 24.0, QString());
+    EXPECT_EQ(QFileInfo(plain).fileName(), QStringLiteral("com.vistra.VistraUITester.defaultvideo-1920x1080-5.0s-24.0fps.mov"));
+    const QString suffixed = VUTesterDefaultVideoGenerator::_videoPath({544, 1080}, 360.0, 10.0, QStringLiteral("sharing"));
+    EXPECT_TRUE(suffixed.endsWith(QStringLiteral("defaultvideo-544x1080-360.0s-10.0fps-sharing.mov")));
+    EXPECT_EQ(QFileInfo(suffixed).absolutePath(), QFileInfo(QDir::tempPath()).absoluteFilePath());
+}
+
+TEST(VUTesterDefaultVideoGenerator, TimeStampsUseTheDoublePrime)
+{
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_timeStampLabel(0.0), QStringLiteral("0\u2033000"));
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_timeStampLabel(1.25), QStringLiteral("1\u2033250"));
+    EXPECT_EQ(VUTesterDefaultVideoGenerator::_timeStampLabel(12.9999), QStringLiteral("12\u2033999"));
+}
+
+TEST(VUTesterDefaultVideoGenerator, FramesShowTheTurningPatternUnderTheLabel)
+{
+    const QImage first = VUTesterDefaultVideoGenerator::_imageForTime(0.0, {320, 180}, QStringLiteral("0\u2033000"));
+    const QImage later = VUTesterDefaultVideoGenerator::_imageForTime(0.5, {320, 180}, QStringLiteral("0\u2033000"));
+    ASSERT_EQ(first.size(), QSize(320, 180));
+    // Far from the centre the wedges are red or the white background, and half a sector later
+    // some of them have moved.
+    EXPECT_NE(first, later);
+    const QColor corner = first.pixelColor(2, 2);
+    EXPECT_TRUE(corner == QColor(Qt::red) || corner == QColor(Qt::white)) << corner.name().toStdString();
+}
+
+TEST(VUTesterDefaultVideoGenerator, MakesAMovieOnceAndThenReturnsTheCachedFile)
+{
+    VUTesterDefaultVideoGenerator generator;
+    generator.setVideoSize({150, 90}); // width rounds up to 160
+    generator.setVideoDuration(0.2);
+    generator.setVideoFPS(10.0);
+    const QString suffix = uniqueSuffix();
+
+    const Result made = generate(generator, suffix);
+    ASSERT_FALSE(made.error) << made.error->debugDescription.toStdString();
+    EXPECT_TRUE(made.path.endsWith(QStringLiteral("defaultvideo-160x90-0.2s-10.0fps-%1.mov").arg(suffix)));
+    const MovieFileProbe probe = MovieFileProbe::probe(made.path);
+    EXPECT_EQ(probe.encodedSize, QSize(160, 90));
+    EXPECT_EQ(probe.frameTimes.size(), 3u);
+    movie::MovieMetadata metadata;
+    QString error;
+    ASSERT_TRUE(movie::readMovieMetadata(made.path, &metadata, &error));
+    EXPECT_EQ(metadata.publisher, QStringLiteral("Library Filler"));
+
+    const QDateTime written = QFileInfo(made.path).lastModified();
+    const Result cached = generate(generator, suffix);
+    EXPECT_EQ(cached.path, made.path);
+    EXPECT_FALSE(cached.error);
+    EXPECT_EQ(cached.queueLabel, "com.vistra.VistraUITester.defaultvideogeneration");
+    EXPECT_EQ(QFileInfo(made.path).lastModified(), written);
+    QFile::remove(made.path);
+}
+
+TEST(VUTesterDefaultVideoGenerator, AFailedMovieIsLoggedAndDeleted)
+{
+    VUTesterDefaultVideoGenerator generator;
+    generator.setVideoSize({160, 91}); // odd height: 4:2:0 H.264 cannot hold it
+    generator.setVideoDuration(0.1);
+    generator.setVideoFPS(10.0);
+    const QString suffix = uniqueSuffix();
+    const Result failed = generate(generator, suffix);
+    EXPECT_TRUE(failed.path.isEmpty());
+    ASSERT_TRUE(failed.error);
+    EXPECT_FALSE(QFile::exists(VUTesterDefaultVideoGenerator::_videoPath({160, 91}, 0.1, 10.0, suffix)));
+}
+
+TEST(VUTesterVideoGenerator, TheBaseMakesNothing)
+{
+    VUTesterVideoGenerator base;
+    bool called = false;
+    base.generateVideoWithCompletionHandler([&](const QString &, VUTesterOptionalError) { called = true; });
+    EXPECT_FALSE(called);
+}
