@@ -6,8 +6,9 @@
 
 namespace app {
 
-int runSettingsCommand(const QStringList &arguments);
+int runImageCommand(const QStringList &arguments);
 int runScreenCommand(const QStringList &arguments);
+int runSettingsCommand(const QStringList &arguments);
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
@@ -15,6 +16,7 @@ int runLibraryCommand(const QStringList &arguments);
 static const Command kCommands[] = {
     {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
     {"screen", "print a settings screen as an outline", runScreenCommand},
+    {"image", "render one image generator to a PNG file", runImageCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},

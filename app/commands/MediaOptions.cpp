@@ -1,5 +1,10 @@
 #include "MediaOptions.h"
 
+#include "Commands.h"
+
+#include <QCommandLineParser>
+#include <QTextStream>
+
 #include <QRegularExpression>
 
 #include <cmath>
@@ -32,6 +37,22 @@ bool parseNumberOption(const QString &option, const QString &text, double minimu
     }
     *value = number;
     return true;
+}
+
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments)
+{
+    const QString name = QString::fromLatin1(command);
+    if (!parser.parse(QStringList{name} + arguments))
+        return usageError(command, parser.errorText());
+    if (parser.isSet(QStringLiteral("help"))) {
+        // The parser names the executable's path; the user typed the command.
+        static const QRegularExpression program(QStringLiteral("^Usage: \\S+"));
+        QTextStream(stdout) << parser.helpText().replace(program, QStringLiteral("Usage: vistra-tester ") + name);
+        return ExitOk;
+    }
+    if (!parser.positionalArguments().isEmpty())
+        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    return -1;
 }
 
 } // namespace app

@@ -3,6 +3,9 @@
 
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
+
+class QCommandLineParser;
 
 namespace app {
 
@@ -10,5 +13,9 @@ namespace app {
 bool parseSizeOption(const QString &text, QSizeF *size, QString *message);
 // A finite number above `minimum`, or equal to it too when `inclusive`.
 bool parseNumberOption(const QString &option, const QString &text, double minimum, bool inclusive, double *value, QString *message);
+
+// Parses the command's arguments; prints the help when asked. Returns -1 to go on, or the exit
+// status to end with (help shown, or a usage error reported).
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments);
 
 } // namespace app

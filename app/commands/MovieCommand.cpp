@@ -29,14 +29,8 @@ int runMovieCommand(const QStringList &arguments)
         {QStringLiteral("fps"), QStringLiteral("Frames per second, at least 1 (default 24)."), QStringLiteral("F")},
         {QStringLiteral("suffix"), QStringLiteral("Text added to the file name."), QStringLiteral("TEXT")},
     });
-    if (!parser.parse(QStringList{QString::fromLatin1(kMovie)} + arguments))
-        return usageError(kMovie, parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        QTextStream(stdout) << parser.helpText().replace(QLatin1String("Usage: movie"), QLatin1String("Usage: vistra-tester movie"));
-        return ExitOk;
-    }
-    if (!parser.positionalArguments().isEmpty())
-        return usageError(kMovie, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (const int status = parseCommandArguments(parser, kMovie, arguments); status >= 0)
+        return status;
 
     VUTesterDefaultVideoGenerator generator;
     QString message;

@@ -75,14 +75,8 @@ int runPhotoCommand(const QStringList &arguments)
         {QStringLiteral("force"), QStringLiteral("Replace FILE if it exists.")},
         {QStringLiteral("o"), QStringLiteral("The JPEG file to write."), QStringLiteral("FILE")},
     });
-    if (!parser.parse(QStringList{QString::fromLatin1(kPhoto)} + arguments))
-        return usageError(kPhoto, parser.errorText());
-    if (parser.isSet(QStringLiteral("help"))) {
-        QTextStream(stdout) << parser.helpText().replace(QLatin1String("Usage: photo"), QLatin1String("Usage: vistra-tester photo"));
-        return ExitOk;
-    }
-    if (!parser.positionalArguments().isEmpty())
-        return usageError(kPhoto, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (const int status = parseCommandArguments(parser, kPhoto, arguments); status >= 0)
+        return status;
 
     QString message;
     QSizeF size;

@@ -26,6 +26,8 @@ public:
     static Color white() { return gray(1.0); }
     static Color clear() { return gray(0.0, 0.0); }
     static Color red() { return rgb(1.0, 0.0, 0.0); }
+    static Color green() { return rgb(0.0, 1.0, 0.0); }
+    static Color blue() { return rgb(0.0, 0.0, 1.0); }
     // Two-thirds white, the platform's light grey.
     static Color lightGray() { return gray(2.0 / 3.0); }
 

@@ -1,5 +1,7 @@
 #include "MovieMetadata.h"
 
+#include "FFmpegError.h"
+
 #include <QFile>
 #include <QRegularExpression>
 
@@ -19,13 +21,6 @@ QString tag(const AVDictionary *dictionary, const QString &key)
 {
     const AVDictionaryEntry *entry = av_dict_get(dictionary, key.toUtf8().constData(), nullptr, 0);
     return entry ? QString::fromUtf8(entry->value) : QString();
-}
-
-QString averror(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
 }
 
 // The picture size a player shows: the stored size under the track's display matrix.
@@ -68,14 +63,14 @@ bool readMovieMetadata(const QString &path, MovieMetadata *metadata, QString *er
     const int opened = avformat_open_input(&context, QFile::encodeName(path).constData(), nullptr, nullptr);
     if (opened < 0) {
         if (error)
-            *error = QStringLiteral("%1: cannot open movie: %2").arg(path, averror(opened));
+            *error = QStringLiteral("%1: cannot open movie: %2").arg(path, ffmpegErrorText(opened));
         return false;
     }
     const int found = avformat_find_stream_info(context, nullptr);
     const int video = found < 0 ? found : av_find_best_stream(context, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
     if (video < 0) {
         if (error)
-            *error = QStringLiteral("%1: no video track: %2").arg(path, averror(video));
+            *error = QStringLiteral("%1: no video track: %2").arg(path, ffmpegErrorText(video));
         avformat_close_input(&context);
         return false;
     }
@@ -88,6 +83,9 @@ bool readMovieMetadata(const QString &path, MovieMetadata *metadata, QString *er
 
     const AVDictionary *tags = context->metadata;
     metadata->creationDate = QDateTime::fromString(tag(tags, kCreationDateKey), Qt::ISODate);
+    // Movies from other tools often carry only the movie header's own date.
+    if (!metadata->creationDate.isValid())
+        metadata->creationDate = QDateTime::fromString(tag(tags, QStringLiteral("creation_time")), Qt::ISODate);
     metadata->hasLocation = parseISO6709(tag(tags, kLocationKey), &metadata->latitude, &metadata->longitude);
     metadata->publisher = tag(tags, kPublisherKey);
     metadata->pairingIdentifier = tag(tags, kPairingIdentifierKey);

@@ -1,5 +1,6 @@
 #include "MovieWriter.h"
 
+#include "FFmpegError.h"
 #include "PixelBuffer.h"
 #include "VideoInput.h"
 
@@ -16,13 +17,6 @@ extern "C" {
 
 namespace movie {
 namespace {
-
-QString averror(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
 
 // The movie header's own creation time (UTC), read by every tool that knows the format.
 void setCreationTime(AVDictionary **dictionary, const QList<MetadataItem> &items)
@@ -72,7 +66,7 @@ MovieWriter::MovieWriter(const QString &path, MovieFileType) : m_path(path)
 {
     const int allocated = avformat_alloc_output_context2(&m_format, nullptr, "mov", QFile::encodeName(path).constData());
     if (allocated < 0)
-        _fail(QStringLiteral("cannot make a QuickTime movie writer: %1").arg(averror(allocated)));
+        _fail(QStringLiteral("cannot make a QuickTime movie writer: %1").arg(ffmpegErrorText(allocated)));
 }
 
 MovieWriter::~MovieWriter()
@@ -105,7 +99,7 @@ bool MovieWriter::startWriting()
     }
     const int opened = avio_open(&m_format->pb, QFile::encodeName(m_path).constData(), AVIO_FLAG_WRITE);
     if (opened < 0) {
-        _fail(QStringLiteral("cannot create %1: %2").arg(m_path, averror(opened)));
+        _fail(QStringLiteral("cannot create %1: %2").arg(m_path, ffmpegErrorText(opened)));
         return false;
     }
     std::lock_guard lock(m_statusMutex);
@@ -127,6 +121,10 @@ bool MovieWriter::appendPixelBuffer(const PixelBuffer &buffer, MediaTime time)
 {
     if (status() != Status::Writing)
         return false;
+    if (time.timescale <= 0) {
+        _fail(QStringLiteral("invalid time scale %1: frame rates below 1 cannot be written").arg(time.timescale));
+        return false;
+    }
     QString error;
     if (!m_headerWritten && !_writeHeader(time.timescale, &error)) {
         _fail(error);
@@ -157,7 +155,7 @@ bool MovieWriter::_writeHeader(qint32 timescale, QString *error)
     const int written = avformat_write_header(m_format, &options);
     av_dict_free(&options);
     if (written < 0) {
-        *error = QStringLiteral("cannot write the movie header: %1").arg(averror(written));
+        *error = QStringLiteral("cannot write the movie header: %1").arg(ffmpegErrorText(written));
         return false;
     }
     m_headerWritten = true;
@@ -183,7 +181,7 @@ bool MovieWriter::_writePending(qint64 duration, QString *error)
     const int written = av_write_frame(m_format, m_pending);
     av_packet_unref(m_pending);
     if (written < 0) {
-        *error = QStringLiteral("cannot write a frame to %1: %2").arg(m_path, averror(written));
+        *error = QStringLiteral("cannot write a frame to %1: %2").arg(m_path, ffmpegErrorText(written));
         return false;
     }
     return true;
@@ -207,7 +205,7 @@ bool MovieWriter::_finish(QString *error)
     const int trailer = av_write_trailer(m_format);
     const int closed = avio_closep(&m_format->pb);
     if (trailer < 0 || closed < 0) {
-        *error = QStringLiteral("cannot finish %1: %2").arg(m_path, averror(trailer < 0 ? trailer : closed));
+        *error = QStringLiteral("cannot finish %1: %2").arg(m_path, ffmpegErrorText(trailer < 0 ? trailer : closed));
         return false;
     }
     return true;

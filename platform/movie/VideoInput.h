@@ -60,6 +60,8 @@ public:
 
 private:
     bool _drain(const PacketSink &sink, QString *error);
+    // Into the frame through swscale, resizing to the output size.
+    bool _scale(const PixelBuffer &buffer, QString *error);
 
     VideoOutputSettings m_settings;
     QTransform m_transform;

@@ -140,7 +140,7 @@ bool VUTesterLibraryFillerSettings::applyPreset(const QString &title)
     return false;
 }
 
-void VUTesterLibraryFillerSettings::locationDidChange(QObject *, const QVariant &location)
+void VUTesterLibraryFillerSettings::locationDidChange(VUTesterLocationSelectionViewController *, const QVariant &location)
 {
     setLocation(location);
     setValue(QStringLiteral("internalLocationIsSet"), !location.isNull());
@@ -180,7 +180,8 @@ TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
     auto location = TWChoiceRow::rowWithTitle(QStringLiteral("Location"), QStringLiteral("internalLocationIsSet"));
     location->possibleValues({true, false}, {QStringLiteral("Set"), QStringLiteral("None")});
     location->action(TWUIPushViewControllerRowAction::actionWithViewControllerCreator([](const TWRowActionContext &) -> ui::ViewController * {
-        return nullptr;
+        VUTesterLibraryFillerSettings *settings = sharedInstance();
+        return new VUTesterLocationSelectionViewController(settings->location(), settings);
     }));
 
     return TWModule::moduleWithTitle(QStringLiteral("Library Filler"), {

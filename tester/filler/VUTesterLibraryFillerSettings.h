@@ -3,11 +3,13 @@
 // content, image orientation, location), its presets and its screen. Several choices also accept
 // the sentinels Enumerate (step through every value) and Random (draw one value per asset).
 
+#include "filler/VUTesterLocationSelectionViewController.h"
 #include "shell/VUTesterSettings.h"
 
 #include <limits>
 
-class VUTESTER_EXPORT VUTesterLibraryFillerSettings : public VUTesterChildSettings<VUTesterLibraryFillerSettings> {
+class VUTESTER_EXPORT VUTesterLibraryFillerSettings : public VUTesterChildSettings<VUTesterLibraryFillerSettings>,
+                                                      public VUTesterLocationSelectorDelegate {
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "libraryFillerSettings";
@@ -58,7 +60,7 @@ public:
     bool internalCancelable() const { return boolValue(QStringLiteral("internalCancelable")); }
 
     // The location selection screen reports the place picked there.
-    void locationDidChange(QObject *locationSelector, const QVariant &location);
+    void locationDidChange(VUTesterLocationSelectionViewController *selector, const QVariant &location) override;
 
 private:
     static TWRowPtr _choiceRowForSettingWithTitle(const QString &title, const QString &key, bool isEnumerable);

@@ -44,12 +44,11 @@ graphics::ImagePtr VUTesterOrientedImageGenerator::createImage()
     if (!picture)
         return nullptr;
 
-    // Whole pixels at the full size: move them exactly, without painting.
-    const QImage &pixels = picture->pixels();
-    if (picture->orientation() == graphics::ImageOrientation::Up && pixels.size() == size.toSize()
-        && size == QSizeF(pixels.size())) {
-        return std::make_shared<const graphics::Image>(graphics::orientedPixels(pixels, inverse), orientation,
-                                                       picture->scale());
+    // Whole pixels at the full size: move them exactly, without painting (painting under a turn
+    // resamples, which blurs by a level here and there).
+    if (picture->size() == size && QSizeF(size.toSize()) == size) {
+        return std::make_shared<const graphics::Image>(graphics::orientedPixels(picture->uprightPixels(), inverse),
+                                                       orientation, picture->scale());
     }
 
     const QSizeF turned = graphics::transformedSize(size, inverse);

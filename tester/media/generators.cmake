@@ -11,4 +11,7 @@ target_sources(VistraUITester PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterRadialPatternImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterRadialPatternImageGenerator.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterSolidColorImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterSolidColorImageGenerator.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterWatermarkImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterWatermarkImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterFractalImageGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterFractalImageGenerator.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageCollage.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterImageCollage.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterFractalComputer.h
 )

@@ -6,6 +6,7 @@
 #include <movie/MovieMetadata.h>
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -203,6 +204,15 @@ TEST(VUTesterVideoWriter, FailuresReachTheHandler)
     ASSERT_TRUE(outcome.error);
     EXPECT_TRUE(outcome.error->debugDescription.contains(QStringLiteral("missing/a.mov")));
 
+    // Presentation times are whole ticks of the frame rate: below 1 fps there are none.
+    VUTesterVideoWriter slow;
+    slow.setOutputURL(dir.filePath(QStringLiteral("slow.mov")));
+    slow.setOutputFPS(0.5);
+    slow.setFrameGenerator([&](double) { return frame(64, 48); });
+    outcome = create(slow);
+    ASSERT_TRUE(outcome.error);
+    EXPECT_TRUE(outcome.error->debugDescription.contains(QStringLiteral("time scale")));
+
     // Without the frame at time 0 no encoder is set up: an error, not a hang.
     VUTesterVideoWriter noFirstFrame;
     noFirstFrame.setOutputURL(dir.filePath(QStringLiteral("late.mov")));
@@ -210,4 +220,34 @@ TEST(VUTesterVideoWriter, FailuresReachTheHandler)
     outcome = create(noFirstFrame);
     ASSERT_TRUE(outcome.error);
     EXPECT_FALSE(QFile::exists(noFirstFrame.outputURL()));
+}
+
+TEST(VUTesterVideoWriter, ColoursSurviveTheEncodeWhetherOrNotFramesAreScaled)
+{
+    QTemporaryDir dir;
+    for (const bool turned : {false, true}) {
+        VUTesterVideoWriter writer;
+        writer.setOutputURL(dir.filePath(turned ? QStringLiteral("turned.mov") : QStringLiteral("plain.mov")));
+        writer.setOutputDuration(0.1);
+        writer.setOutputFPS(10.0);
+        if (turned)
+            writer.setTransform(QTransform(0, 1, -1, 0, 0, 0));
+        writer.setFrameGenerator([](double) {
+            QImage image(128, 96, QImage::Format_RGBA8888_Premultiplied);
+            image.fill(QColor(200, 40, 90));
+            return image;
+        });
+        ASSERT_FALSE(create(writer).error);
+        // Another program decodes the first frame.
+        const QString png = dir.filePath(QStringLiteral("frame.png"));
+        QProcess ffmpeg;
+        ffmpeg.start(QStringLiteral("ffmpeg"), {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"), QStringLiteral("-i"),
+                                                writer.outputURL(), QStringLiteral("-frames:v"), QStringLiteral("1"), png});
+        ASSERT_TRUE(ffmpeg.waitForFinished(30000));
+        ASSERT_EQ(ffmpeg.exitCode(), 0) << ffmpeg.readAllStandardError().toStdString();
+        const QColor centre = QImage(png).pixelColor(40, 40);
+        EXPECT_NEAR(centre.red(), 200, 6) << turned;
+        EXPECT_NEAR(centre.green(), 40, 6) << turned;
+        EXPECT_NEAR(centre.blue(), 90, 6) << turned;
+    }
 }

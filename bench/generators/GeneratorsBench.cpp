@@ -1,0 +1,216 @@
+// Throughput of every image generator at photo sizes, in Mpixel/s. Each bitmap generator is paired
+// with the same pixel function as a plain loop (no per-pixel call, same palette lookup, same reused
+// buffer): the compute limit. "ratio_to_plain" is the generator's time over that loop's.
+
+#include <media/VUTesterConcentricRectsImageGenerator.h>
+#include <media/VUTesterFractalImageGenerator.h>
+#include <media/VUTesterLayeredImageGenerator.h>
+#include <media/VUTesterOrientedImageGenerator.h>
+#include <media/VUTesterRadialPatternImageGenerator.h>
+#include <media/VUTesterSolidColorImageGenerator.h>
+#include <media/VUTesterWatermarkImageGenerator.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+namespace {
+
+const QSize kSizes[] = {{3200, 2400}, {8000, 6000}};
+
+using PixelFunction = std::function<void(uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table)>;
+
+void setRate(benchmark::State &state, QSize size)
+{
+    state.counters["Mpixel/s"] = benchmark::Counter(double(size.width()) * size.height() * double(state.iterations()) / 1e6,
+                                                    benchmark::Counter::kIsRate);
+}
+
+// Seconds per image of the plain loop, best of a few runs over one buffer.
+double plainLoopSeconds(QSize size, const VUTesterRGBAColorTable &table, const PixelFunction &fill)
+{
+    std::vector<uint32_t> pixels(size_t(size.width()) * size_t(size.height()));
+    double best = 1e9;
+    for (int run = 0; run < 3; ++run) {
+        const auto start = std::chrono::steady_clock::now();
+        fill(pixels.data(), size.width(), size.height(), table);
+        benchmark::DoNotOptimize(pixels.data());
+        best = std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return best;
+}
+
+// Times redraws of a generator (its content invalidated each time), reporting the ratio to the plain loop.
+void runBitmap(benchmark::State &state, VUTesterBitmapImageGenerator &generator, const PixelFunction &plain)
+{
+    const QSize size = kSizes[state.range(0)];
+    generator.setImageSize(QSizeF(size));
+    generator.generatedImage(); // buffers and tables in place
+    double total = 0;
+    for (auto _ : state) {
+        generator.invalidateBitmapContent();
+        const auto start = std::chrono::steady_clock::now();
+        benchmark::DoNotOptimize(generator.generatedImage());
+        total += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    }
+    setRate(state, size);
+    state.counters["ratio_to_plain"] = total / double(state.iterations()) / plainLoopSeconds(size, *generator.colorTable(), plain);
+}
+
+void fillCheckerboard(uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table)
+{
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            pixels[size_t(y) * size_t(w) + size_t(x)] = table.rgbaValue(int64_t(x + y));
+}
+
+void fillConcentric(uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table)
+{
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x) {
+            const double dx = std::min(double(x), w - double(x));
+            const double dy = std::min(double(y), h - double(y));
+            pixels[size_t(y) * size_t(w) + size_t(x)] = table.rgbaValue(int64_t(std::min(dx, dy)));
+        }
+}
+
+PixelFunction fractalLoop(double cx, double cy, double radius, int64_t limit)
+{
+    return [=](uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table) {
+        const double a = 2.0 * radius / std::min(w, h);
+        const double bx = -0.5 * w * a + cx;
+        const double by = -0.5 * h * a + cy;
+        for (int y = 0; y < h; ++y) {
+            const double ci = a * y + by;
+            for (int x = 0; x < w; ++x) {
+                const double cr = a * x + bx;
+                double zr = 0, zi = 0;
+                int64_t n = 0;
+                while (n < limit) {
+                    const double zr2 = zr * zr, zi2 = zi * zi;
+                    if (zr2 + zi2 > 4.0)
+                        break;
+                    zi = 2.0 * zr * zi + ci;
+                    zr = zr2 - zi2 + cr;
+                    ++n;
+                }
+                pixels[size_t(y) * size_t(w) + size_t(x)] = table.rgbaValue(n);
+            }
+        }
+    };
+}
+
+void BM_Checkerboard(benchmark::State &state)
+{
+    VUTesterBitmapImageGenerator generator;
+    runBitmap(state, generator, fillCheckerboard);
+}
+
+void BM_Concentric(benchmark::State &state)
+{
+    VUTesterConcentricRectsImageGenerator generator;
+    generator.setRectsColor(graphics::Color::red());
+    runBitmap(state, generator, fillConcentric);
+}
+
+void BM_FractalDefaults(benchmark::State &state)
+{
+    VUTesterFractalImageGenerator generator;
+    runBitmap(state, generator, fractalLoop(0, 0, 2.0, 100));
+}
+
+void BM_FractalUserTransforms(benchmark::State &state)
+{
+    VUTesterFractalImageGenerator generator;
+    generator.setCenterX(-1.3);
+    generator.setCenterY(-0.1);
+    generator.setInnerRadius(0.1);
+    generator.setMaxIterations(200);
+    generator.setFractalColorScheme(1);
+    runBitmap(state, generator, fractalLoop(-1.3, -0.1, 0.1, 200));
+}
+
+void runCanvas(benchmark::State &state, VUTesterImageGenerator &generator, const std::function<void()> &invalidate)
+{
+    const QSize size = kSizes[state.range(0)];
+    generator.setImageSize(QSizeF(size));
+    generator.generatedImage();
+    for (auto _ : state) {
+        invalidate();
+        benchmark::DoNotOptimize(generator.generatedImage());
+    }
+    setRate(state, size);
+}
+
+void BM_Radial(benchmark::State &state)
+{
+    VUTesterRadialPatternImageGenerator generator;
+    runCanvas(state, generator, [&] { generator.invalidateImage(); });
+}
+
+void BM_Solid(benchmark::State &state)
+{
+    VUTesterSolidColorImageGenerator generator;
+    generator.setColor(graphics::Color::blue());
+    generator.setBorderColor(graphics::Color::red());
+    generator.setBorderSize(QSizeF(10, 20));
+    runCanvas(state, generator, [&] { generator.invalidateImage(); });
+}
+
+void BM_Watermark(benchmark::State &state)
+{
+    VUTesterWatermarkImageGenerator generator;
+    generator.setWatermarkAttributedString(graphics::StyledText(QStringLiteral("Library Filler 0042"), {200.0, graphics::Color::white(), {}}));
+    runCanvas(state, generator, [&] { generator.invalidateImage(); });
+}
+
+// The fill operation's stack: content, a small time stamp, a large label, all turned "Right".
+void BM_FillStack(benchmark::State &state)
+{
+    auto content = std::make_shared<VUTesterRadialPatternImageGenerator>();
+    auto stamp = std::make_shared<VUTesterWatermarkImageGenerator>();
+    stamp->setWatermarkLocation(1);
+    stamp->setWatermarkAttributedString(graphics::StyledText(QStringLiteral("2026-11-22 20:16:12"), {36.0, graphics::Color::black(), graphics::Color::white()}));
+    auto label = std::make_shared<VUTesterWatermarkImageGenerator>();
+    label->setWatermarkAttributedString(graphics::StyledText(QStringLiteral("Right"), {240.0, graphics::Color::black(), {}}));
+    auto layered = std::make_shared<VUTesterLayeredImageGenerator>();
+    layered->setImageGenerators({content, stamp, label});
+    auto oriented = std::make_shared<VUTesterOrientedImageGenerator>();
+    oriented->setImageGenerator(layered);
+    oriented->setImageOrientation(int64_t(graphics::ImageOrientation::Right));
+    runCanvas(state, *oriented, [&] {
+        // A new asset: every layer redraws, as in the filler.
+        content->invalidateImage();
+        stamp->invalidateImage();
+        label->invalidateImage();
+        layered->invalidateImage();
+        oriented->invalidateImage();
+    });
+}
+
+} // namespace
+
+#define SIZES ->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(0.5)
+BENCHMARK(BM_Checkerboard) SIZES;
+BENCHMARK(BM_Concentric) SIZES;
+BENCHMARK(BM_Radial) SIZES;
+BENCHMARK(BM_Solid) SIZES;
+BENCHMARK(BM_Watermark) SIZES;
+BENCHMARK(BM_FillStack) SIZES;
+BENCHMARK(BM_FractalDefaults) SIZES;
+BENCHMARK(BM_FractalUserTransforms) SIZES;
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
