@@ -9,6 +9,7 @@
 #include "VHAssetChangeRequest.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QMutex>
 #include <QStandardPaths>
 
@@ -97,6 +98,8 @@ bool VHPhotoLibrary::open(VHError *error)
         auto catalogue = std::make_unique<photos::detail::Catalogue>(m_folder->databasePath());
         try {
             catalogue->open();
+            // SQLite gives its journal files the catalogue's permissions.
+            QFile::setPermissions(m_folder->databasePath(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
             m_reconciliation = photos::detail::ChangeWriter(*catalogue, *m_folder).reconcile();
             for (const QString &line : std::as_const(m_reconciliation))
                 qCInfo(lcPhotos).noquote() << "reconciled an interrupted change:" << line;

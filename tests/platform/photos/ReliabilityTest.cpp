@@ -193,9 +193,13 @@ TEST_F(ReliabilityTest, PathsNeverLeadOutOfTheLibrary)
 
 TEST_F(ReliabilityTest, LibraryFolderIsPrivateToItsOwner)
 {
-    const auto permissions = QFileInfo(libraryPath()).permissions();
-    EXPECT_TRUE(permissions & QFileDevice::ReadOwner);
-    EXPECT_FALSE(permissions & (QFileDevice::ReadGroup | QFileDevice::ReadOther | QFileDevice::WriteOther));
+    for (const QString &path : {libraryPath(), libraryPath() + QStringLiteral("/originals"),
+                                libraryPath() + QStringLiteral("/Catalogue.sqlite")}) {
+        const auto permissions = QFileInfo(path).permissions();
+        EXPECT_TRUE(permissions & QFileDevice::ReadOwner) << path.toStdString();
+        EXPECT_FALSE(permissions & (QFileDevice::ReadGroup | QFileDevice::ReadOther | QFileDevice::WriteOther))
+            << path.toStdString();
+    }
 }
 
 TEST_F(ReliabilityTest, UnusableLocationIsReportedNotCrashed)
