@@ -45,7 +45,8 @@ const char kUsage[] =
     "                                (default: all four)\n"
     "  import FILE [--paired MOVIE] [--move]\n"
     "                                add a photo or movie, or a photo with its paired movie; the\n"
-    "                                files are copied unless --move is given\n"
+    "                                files are copied unless --move is given; prints the new\n"
+    "                                asset's identifier\n"
     "  verify                        compare the catalogue with the files; exit status 1 when they\n"
     "                                differ\n";
 
@@ -180,6 +181,7 @@ int import(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &ar
         return usageError(kLibrary, QStringLiteral("--paired needs a photo to pair with, and %1 is not one").arg(file));
 
     VHError error;
+    QString identifier;
     const bool success = library->performChangesAndWait(
         [&] {
             VHAssetResourceCreationOptions options;
@@ -188,11 +190,12 @@ int import(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &ar
             request->addResourceWithType(isPhoto ? VHAssetResourceType::Photo : VHAssetResourceType::Video, file, options);
             if (!paired.isEmpty())
                 request->addResourceWithType(VHAssetResourceType::PairedVideo, paired, options);
+            identifier = request->localIdentifierForCreatedAsset();
         },
         &error);
     if (!success)
         return failure(kLibrary, QStringLiteral("cannot import %1: %2").arg(file, error.debugDescription()));
-    QTextStream(stdout) << "imported " << file << (paired.isEmpty() ? QString() : QStringLiteral(" with ") + paired) << '\n';
+    QTextStream(stdout) << identifier << '\n';
     return ExitOk;
 }
 

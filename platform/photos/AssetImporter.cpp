@@ -6,7 +6,6 @@
 
 #include <QDateTime>
 #include <QFileInfo>
-#include <QUuid>
 
 #include <algorithm>
 
@@ -101,7 +100,7 @@ bool AssetImporter::prepare(const VHAssetCreationRequest &request, PreparedAsset
     }
 
     AssetRecord &record = asset->record;
-    record.uuid = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    record.uuid = request.localIdentifierForCreatedAsset();
     record.mediaType = photo ? VHAssetMediaType::Image : VHAssetMediaType::Video;
     record.pixelWidth = primary.pixelSize.width();
     record.pixelHeight = primary.pixelSize.height();

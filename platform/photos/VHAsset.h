@@ -28,10 +28,13 @@ public:
     // As displayed: the orientation is already applied.
     int pixelWidth() const { return m_record->pixelWidth; }
     int pixelHeight() const { return m_record->pixelHeight; }
+    double aspectRatio() const { return m_record->pixelHeight > 0 ? double(m_record->pixelWidth) / m_record->pixelHeight : 0.0; }
     // The capture instant, in UTC.
     QDateTime creationDate() const;
     // The same instant on the clock of the place where it was captured.
     QDateTime localCreationDate() const;
+    // When it entered the library (assets are not edited, so this is also their last change).
+    QDateTime modificationDate() const { return QDateTime::fromMSecsSinceEpoch(m_record->addedMs, Qt::UTC); }
     std::optional<VHLocation> location() const { return m_record->location; }
     double duration() const { return m_record->duration; }
     bool isFavorite() const { return m_record->favorite; }

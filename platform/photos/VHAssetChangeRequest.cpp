@@ -1,6 +1,7 @@
 #include "VHAssetChangeRequest.h"
 
 #include <QUrl>
+#include <QUuid>
 #include <QtGlobal>
 
 namespace photos::detail {
@@ -31,6 +32,11 @@ VHAssetCreationRequest *ChangeSet::addCreationRequest()
 }
 
 } // namespace photos::detail
+
+VHAssetCreationRequest::VHAssetCreationRequest()
+    : m_localIdentifier(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper())
+{
+}
 
 VHAssetCreationRequest *VHAssetCreationRequest::creationRequestForAsset()
 {

@@ -33,6 +33,8 @@ public:
         VHAssetResourceCreationOptions options;
     };
 
+    VHAssetCreationRequest();
+
     // A new request, part of the change being performed. Calling it outside a change block is a
     // programming error and ends the process.
     static VHAssetCreationRequest *creationRequestForAsset();
@@ -48,9 +50,13 @@ public:
     void setHidden(bool hidden) { m_hidden = hidden; }
     bool isHidden() const { return m_hidden; }
 
+    // The identifier the asset will have once the change commits.
+    QString localIdentifierForCreatedAsset() const { return m_localIdentifier; }
+
     const std::vector<Resource> &resources() const { return m_resources; }
 
 private:
+    QString m_localIdentifier;
     std::vector<Resource> m_resources;
     movie::MediaTime m_imageDisplayTime;
     bool m_favorite = false;

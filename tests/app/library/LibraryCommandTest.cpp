@@ -53,7 +53,8 @@ TEST_F(LibraryCommandTest, ImportListAndVerifyTheEmbeddedLibrary)
     ASSERT_TRUE(writePhoto(path("s.jpg"), {QSize(40, 30), date.addDays(40), {}, id}));
     ASSERT_TRUE(writeMovie(path("s.mov"), {QSize(40, 30), date.addDays(40), {}, id}));
 
-    EXPECT_EQ(run({"library", "import", path("a.jpg")}).status, 0);
+    const CliResult imported = run({"library", "import", path("a.jpg")});
+    EXPECT_EQ(imported.status, 0);
     const CliResult paired = run({"library", "import", path("s.jpg"), "--paired", path("s.mov"), "--move"});
     EXPECT_EQ(paired.status, 0) << paired.err.toStdString();
     EXPECT_TRUE(QFileInfo::exists(path("a.jpg")));  // copied
@@ -67,6 +68,7 @@ TEST_F(LibraryCommandTest, ImportListAndVerifyTheEmbeddedLibrary)
 
     const QStringList lines = run({"library", "list"}).out.split('\n', Qt::SkipEmptyParts);
     ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0].section('\t', 0, 0) + '\n', imported.out);
     EXPECT_TRUE(lines[0].contains(QStringLiteral("\tphoto\t80x60\t2024-05-01T10:00:00Z\t48.850000,2.350000\t-")))
         << lines[0].toStdString();
     EXPECT_TRUE(lines[1].endsWith(QStringLiteral("\tpaired")));
