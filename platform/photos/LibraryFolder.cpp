@@ -83,9 +83,11 @@ LibraryFolder::LibraryFolder(QString root) : m_root(QDir::cleanPath(QDir(root).a
 
 bool LibraryFolder::create(QString *error) const
 {
+    // A folder the user already had keeps its permissions; what is made here is owner-only.
     for (const QString &path : {m_root, originalsPath()}) {
-        QDir dir(path);
-        if (!dir.exists() && !QDir().mkpath(path)) {
+        if (QFileInfo(path).isDir())
+            continue;
+        if (!QDir().mkpath(path)) {
             *error = QStringLiteral("cannot create the folder %1").arg(path);
             return false;
         }

@@ -5,6 +5,11 @@
 //
 // Changes are serialised on the library's own queue, and each is one transaction. Reads (fetches,
 // thumbnails) run on any thread without waiting for a change.
+//
+// On disk, under the library's folder (owner-only when the library creates it):
+//   Catalogue.sqlite                 the catalogue (with its -wal and -shm files)
+//   originals/<x>/<UUID>.<ext>       the files of each asset, <UUID>-paired.<ext> for a paired video
+//   Temporary/FileBackedDebug/       the library services' file-backed debug directory
 
 #include "VHFetchOptions.h"
 #include "VHTypes.h"
