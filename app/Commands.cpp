@@ -6,6 +6,7 @@
 
 namespace app {
 
+int runFillCommand(const QStringList &arguments);
 int runImageCommand(const QStringList &arguments);
 int runScreenCommand(const QStringList &arguments);
 int runSettingsCommand(const QStringList &arguments);
@@ -16,6 +17,7 @@ int runLibraryCommand(const QStringList &arguments);
 static const Command kCommands[] = {
     {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
     {"screen", "print a settings screen as an outline", runScreenCommand},
+    {"fill", "fill the photo library with synthetic photos, movies and Stir Shots", runFillCommand},
     {"image", "render one image generator to a PNG file", runImageCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},

@@ -2,6 +2,7 @@
 // the window; with one it works headless and exits.
 
 #include "Commands.h"
+#include "library/LibraryBrowserWidget.h"
 
 #include "shell/VUTesterRootSettingsViewController.h"
 #include "ui/Notifications.h"
@@ -89,6 +90,8 @@ int main(int argc, char **argv)
     auto *tester = new ui::Window;
     tester->setRootViewController(new VUTesterRootSettingsViewController);
     window.addTab(tester, QStringLiteral("Tester"));
+    // The library the tester fills, beside it rather than inside the module.
+    window.addTab(new LibraryBrowserWidget, QStringLiteral("Library"));
     // A phone-sized window to start with; it resizes freely.
     window.resize(390, 844);
     window.show();

@@ -61,6 +61,7 @@ public:
 private:
     bool _drain(const PacketSink &sink, QString *error);
     // Into the frame through swscale, resizing to the output size.
+    void _repeatLastLumaRowAndColumn(int width, int height);
     bool _scale(const PixelBuffer &buffer, QString *error);
 
     VideoOutputSettings m_settings;

@@ -1,6 +1,17 @@
 #include "filler/VUTesterLibraryFillerSettings.h"
 
+#include "filler/VUTesterLibraryFillOperation.h"
+
+#include "dispatch/Dispatch.h"
+#include "photos/VHSystemLibraryPathManager.h"
 #include "ui/AlertController.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QPointer>
+
+Q_DECLARE_LOGGING_CATEGORY(lcFill)
 
 namespace {
 
@@ -151,7 +162,7 @@ TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
     auto progress = TWButtonRow::vu_rowWithTitle(QString(), [](ui::ViewController *screen) {
         auto *alert = new ui::AlertController(QStringLiteral("Cancel"), QStringLiteral("Are you sure you want to cancel the ongoing operation(s)?"));
         alert->addAction({QStringLiteral("Cancel Operation(s)"), ui::AlertAction::Style::Default, [] {
-                              sharedInstance()->setValue(QStringLiteral("internalCancelable"), false);
+                              sharedInstance()->_cancelOperations();
                           }});
         alert->addAction({QStringLiteral("Continue"), ui::AlertAction::Style::Cancel, {}});
         if (screen)
@@ -185,7 +196,8 @@ TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
     }));
 
     return TWModule::moduleWithTitle(QStringLiteral("Library Filler"), {
-        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Fill Library"), {}), progress}),
+        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Fill Library"), [](ui::ViewController *) { sharedInstance()->_startOperation(); }),
+                                    progress}),
         TWSection::sectionWithRows(std::move(presets), QStringLiteral("Presets")),
         TWSection::sectionWithRows({numberOfAssets,
                                     _choiceRowForSettingWithTitle(QStringLiteral("Destination"), QStringLiteral("fillDestination"), false),
@@ -198,7 +210,70 @@ TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
                                     location,
                                     _choiceRowForSettingWithTitle(QStringLiteral("Location Radius"), QStringLiteral("locationRadius"), false)},
                                    QStringLiteral("Settings")),
-        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Delete File Backed"), {}),
+        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Delete File Backed"), [](ui::ViewController *) { _clearFileBacked(); }),
                                     TWButtonRow::rowWithTitle(QStringLiteral("Restore Defaults"), TWRestoreDefaultSettingsRowAction::actionWithSettingsKeyPath())}),
     });
+}
+
+void VUTesterLibraryFillerSettings::_startOperation()
+{
+    setValue(QStringLiteral("internalCancelable"), true);
+    std::shared_ptr<VUTesterLibraryFillOperation> operation = VUTesterLibraryFillOperation::create(this);
+    _operations.push_back(operation);
+    _updateProgress();
+    QPointer<VUTesterLibraryFillerSettings> self(this);
+    dispatch::Queue::global()->async([self, operation] {
+        operation->runWithCompletionHandler([self, operation] {
+            dispatch::Queue::main()->async([self, operation] {
+                if (!self)
+                    return;
+                std::erase(self->_operations, operation);
+                ++self->_numberOfCompletedOperations;
+                self->_updateProgress();
+            });
+        });
+    });
+}
+
+void VUTesterLibraryFillerSettings::_updateProgress()
+{
+    if (_operations.empty()) {
+        setValue(QStringLiteral("internalCancelable"), false);
+        _numberOfCompletedOperations = 0;
+        return;
+    }
+    double progress = 0;
+    for (const auto &operation : _operations)
+        progress += operation->progress();
+    const double completed = double(_numberOfCompletedOperations);
+    const double fraction = (progress + completed) / (completed + double(_operations.size()));
+    setValue(QStringLiteral("internalProgressTitle"), QString::asprintf("Progress: %.0f%%", fraction * 100.0));
+    if (_isUpdateScheduled)
+        return;
+    _isUpdateScheduled = true;
+    QPointer<VUTesterLibraryFillerSettings> self(this);
+    dispatch::after(dispatch::Queue::main(), std::chrono::milliseconds(250), [self] {
+        if (!self)
+            return;
+        self->_isUpdateScheduled = false;
+        self->_updateProgress();
+    });
+}
+
+void VUTesterLibraryFillerSettings::_cancelOperations()
+{
+    for (const auto &operation : _operations)
+        operation->cancel();
+    setValue(QStringLiteral("internalCancelable"), false);
+}
+
+void VUTesterLibraryFillerSettings::_clearFileBacked()
+{
+    const QString path = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
+    const QFileInfo info(path);
+    if (path.isEmpty() || !info.exists())
+        return;
+    const bool removed = info.isDir() ? QDir(path).removeRecursively() : QFile::remove(path);
+    if (!removed)
+        qCWarning(lcFill).noquote() << QStringLiteral("Failed to remove file backed data at %1: %2").arg(path, QStringLiteral("the file or folder could not be removed"));
 }

@@ -7,6 +7,10 @@
 #include "shell/VUTesterSettings.h"
 
 #include <limits>
+#include <memory>
+#include <vector>
+
+class VUTesterLibraryFillOperation;
 
 class VUTESTER_EXPORT VUTesterLibraryFillerSettings : public VUTesterChildSettings<VUTesterLibraryFillerSettings>,
                                                       public VUTesterLocationSelectorDelegate {
@@ -62,6 +66,20 @@ public:
     // The location selection screen reports the place picked there.
     void locationDidChange(VUTesterLocationSelectionViewController *selector, const QVariant &location) override;
 
+    // Starts one more fill operation from these settings on the global queue (main thread).
+    void _startOperation();
+    // Refreshes the combined progress title; repeats every 0.25 s while operations run.
+    void _updateProgress();
+    // Cancels every running operation; each leaves the set when it has finished its asset.
+    void _cancelOperations();
+    // Removes the file-backed debug directory, if there is one.
+    static void _clearFileBacked();
+    int numberOfRunningOperations() const { return int(_operations.size()); }
+
 private:
+    std::vector<std::shared_ptr<VUTesterLibraryFillOperation>> _operations;
+    qint64 _numberOfCompletedOperations = 0;
+    bool _isUpdateScheduled = false;
+
     static TWRowPtr _choiceRowForSettingWithTitle(const QString &title, const QString &key, bool isEnumerable);
 };

@@ -1,5 +1,11 @@
 #include "shell/VUTesterRootSettings.h"
 
+#include "photos/VHPhotoLibrary.h"
+
+#include <QLoggingCategory>
+
+Q_LOGGING_CATEGORY(lcShell, "vistra.shell")
+
 
 VUTesterRootSettings::VUTesterRootSettings()
 {
@@ -45,7 +51,11 @@ TWModulePtr VUTesterRootSettings::settingsControllerModule()
     };
     return TWModule::moduleWithTitle(QStringLiteral("VistraUITester"), {
         TWSection::sectionWithRows({drill("Highlights", "vistraHighlightsDiagnosticsSettings")}, QStringLiteral("Diagnostics")),
-        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Request Access"), {}),
+        TWSection::sectionWithRows({TWButtonRow::vu_rowWithTitle(QStringLiteral("Request Access"), [](ui::ViewController *) {
+                                        VHPhotoLibrary::requestAuthorization([](VHAuthorizationStatus status) {
+                                            qCInfo(lcShell).noquote() << QStringLiteral("authorization status: %1").arg(int(status));
+                                        });
+                                    }),
                                     drill("Library Filler", "libraryFillerSettings"),
                                     drill("Vexo", "vexoSettings")},
                                    QStringLiteral("Utilities")),

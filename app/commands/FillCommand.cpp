@@ -1,0 +1,286 @@
+// vistra-tester fill: one fill operation from the saved filler settings, with flags that override
+// them for this run only. Shows a progress bar on a terminal, one line per asset otherwise;
+// Ctrl-C cancels like "Cancel Operation(s)": the asset in progress is finished and saved.
+
+#include "Commands.h"
+#include "commands/MediaOptions.h"
+
+#include "dispatch/Dispatch.h"
+#include "filler/VUTesterLibraryFillOperation.h"
+#include "photos/VHPhotoLibrary.h"
+#include "photos/VHSystemLibraryPathManager.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTextStream>
+#include <QTimer>
+
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <unistd.h>
+
+namespace app {
+namespace {
+
+const char *const kFill = "fill";
+std::atomic<int> g_interrupts{0};
+
+void onInterrupt(int)
+{
+    // A second Ctrl-C stops at once, as the shell expects.
+    if (g_interrupts.fetch_add(1) > 0) {
+        std::signal(SIGINT, SIG_DFL);
+        std::raise(SIGINT);
+    }
+}
+
+QString durationText(double seconds)
+{
+    const qint64 s = qint64(seconds + 0.5);
+    return s >= 3600 ? QString::asprintf("%lld:%02lld:%02lld", s / 3600, s / 60 % 60, s % 60) : QString::asprintf("%lld:%02lld", s / 60, s % 60);
+}
+
+QString normalised(QString text)
+{
+    return text.remove(QLatin1Char(' ')).remove(QLatin1Char('-')).remove(QLatin1Char('_')).toLower();
+}
+
+// A choice flag: a value's title, its number, or (for enumerable settings) enumerate or random.
+bool parseChoice(const QString &option, const QString &key, const QString &text, bool enumerable, QVariant *value, QString *message)
+{
+    QVariantList values;
+    QStringList titles;
+    VUTesterLibraryFillerSettings::getPossibleValues(&values, &titles, key);
+    if (key == QLatin1String("content")) {
+        values = {0, 1, 2};
+        titles = {QStringLiteral("Solid Color"), QStringLiteral("1px Concentric Rects"), QStringLiteral("Radial Patterns")};
+    }
+    const QString wanted = normalised(text);
+    if (enumerable && wanted == QLatin1String("enumerate")) {
+        *value = key == QLatin1String("aspectRatio") ? QVariant(double(VUTesterLibraryFillerSettings::kEnumerate)) : QVariant(VUTesterLibraryFillerSettings::kEnumerate);
+        return true;
+    }
+    if (enumerable && wanted == QLatin1String("random")) {
+        *value = key == QLatin1String("aspectRatio") ? QVariant(double(VUTesterLibraryFillerSettings::kRandom)) : QVariant(VUTesterLibraryFillerSettings::kRandom);
+        return true;
+    }
+    // Titles match without spaces, dashes or case ("4 × 3" as 4x3); an exact match wins, else a
+    // part of exactly one title ("solid", "radial").
+    QStringList keys;
+    for (const QString &title : std::as_const(titles))
+        keys << normalised(title).replace(QStringLiteral("×"), QStringLiteral("x"));
+    int match = int(keys.indexOf(wanted));
+    if (match < 0 && !wanted.isEmpty()) {
+        for (int i = 0; i < keys.size(); ++i) {
+            if (!keys[i].contains(wanted))
+                continue;
+            match = match < 0 ? i : -2;
+            if (match == -2)
+                break;
+        }
+    }
+    if (match >= 0) {
+        *value = values[match];
+        return true;
+    }
+    bool ok = false;
+    const double number = text.toDouble(&ok);
+    if (ok) {
+        for (const QVariant &v : std::as_const(values)) {
+            if (std::abs(v.toDouble() - number) < 1e-6 || (key == QLatin1String("aspectRatio") && double(float(number)) == v.toDouble())) {
+                *value = v;
+                return true;
+            }
+        }
+    }
+    QStringList accepted = titles;
+    if (enumerable)
+        accepted << QStringLiteral("enumerate") << QStringLiteral("random");
+    *message = QStringLiteral("--%1: '%2' is not one of: %3").arg(option, text, accepted.join(QStringLiteral(", ")));
+    return false;
+}
+
+struct FillFlags {
+    const char *option;
+    const char *key;
+    bool enumerable;
+    const char *help;
+};
+
+const FillFlags kChoiceFlags[] = {
+    {"destination", "fillDestination", false, "library or file-backed"},
+    {"media", "media", true, "photo, video, stir-shot, enumerate or random"},
+    {"orientation", "orientation", true, "landscape, portrait, enumerate or random"},
+    {"aspect-ratio", "aspectRatio", true, "square, 4x3, 16x9, ... (or the ratio), enumerate or random"},
+    {"image-orientation", "imageOrientation", true, "up, down, left, right, up-mirrored, ..., enumerate or random"},
+    {"content", "content", false, "solid-color, 1px-concentric-rects or radial-patterns (or 0, 1, 2)"},
+};
+
+// Applies the flags to the run's settings; a usage error message otherwise.
+bool applyFlags(const QCommandLineParser &parser, VUTesterLibraryFillerSettings *settings, QString *message)
+{
+    if (parser.isSet(QStringLiteral("preset")) && !settings->applyPreset(parser.value(QStringLiteral("preset")))) {
+        *message = QStringLiteral("--preset: unknown preset '%1' (one of: %2)")
+                       .arg(parser.value(QStringLiteral("preset")), VUTesterLibraryFillerSettings::presetTitles().join(QStringLiteral(", ")));
+        return false;
+    }
+    if (parser.isSet(QStringLiteral("count"))) {
+        const QString text = parser.value(QStringLiteral("count"));
+        bool ok = false;
+        const qint64 count = text.toLongLong(&ok);
+        if (text == QLatin1String("auto"))
+            settings->setNumberOfAssetsToAdd(VUTesterLibraryFillerSettings::kAutomaticNumberOfAssets);
+        else if (ok && count >= 0)
+            settings->setNumberOfAssetsToAdd(count);
+        else {
+            *message = QStringLiteral("--count: expected a whole number or auto, not '%1'").arg(text);
+            return false;
+        }
+    }
+    for (const FillFlags &flag : kChoiceFlags) {
+        const QString option = QString::fromLatin1(flag.option);
+        if (!parser.isSet(option))
+            continue;
+        QVariant value;
+        if (!parseChoice(option, QString::fromLatin1(flag.key), parser.value(option), flag.enumerable, &value, message))
+            return false;
+        settings->setValueForKey(value, QString::fromLatin1(flag.key));
+    }
+    if (parser.isSet(QStringLiteral("long-side"))) {
+        double longSide = 0;
+        if (!parseNumberOption(QStringLiteral("long-side"), parser.value(QStringLiteral("long-side")), 1, true, &longSide, message))
+            return false;
+        settings->setLongSide(qint64(longSide));
+    }
+    if (parser.isSet(QStringLiteral("location"))) {
+        QVariant location;
+        if (!TWParseSettingValue(TWSettings::Kind::Location, parser.value(QStringLiteral("location")), &location, message)) {
+            *message = QStringLiteral("--location: ") + *message;
+            return false;
+        }
+        settings->locationDidChange(nullptr, location);
+    }
+    if (parser.isSet(QStringLiteral("radius"))) {
+        bool ok = false;
+        const qint64 radius = parser.value(QStringLiteral("radius")).toLongLong(&ok);
+        if (!ok || radius < 0) {
+            *message = QStringLiteral("--radius: expected whole metres, not '%1'").arg(parser.value(QStringLiteral("radius")));
+            return false;
+        }
+        settings->setLocationRadius(radius);
+    }
+    return true;
+}
+
+const char *mediaName(qint64 media)
+{
+    static const char *const names[] = {"photo", "video", "Stir Shot"};
+    return media >= 0 && media < 3 ? names[media] : "asset";
+}
+
+} // namespace
+
+int runFillCommand(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Fills the photo library (or the file-backed directory) with synthetic photos, movies and Stir Shots, "
+        "using the saved filler settings; flags override them for this run only."));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("preset"), QStringLiteral("start from a preset: %1").arg(VUTesterLibraryFillerSettings::presetTitles().join(QStringLiteral(", "))), QStringLiteral("NAME")});
+    parser.addOption({QStringLiteral("count"), QStringLiteral("number of assets, or auto (one of each combination)"), QStringLiteral("N|auto")});
+    for (const FillFlags &flag : kChoiceFlags)
+        parser.addOption({QString::fromLatin1(flag.option), QString::fromLatin1(flag.help), QStringLiteral("VALUE")});
+    parser.addOption({QStringLiteral("long-side"), QStringLiteral("pixels of a photo's longer side"), QStringLiteral("N")});
+    parser.addOption({QStringLiteral("location"), QStringLiteral("where assets are placed, or none"), QStringLiteral("LAT,LON")});
+    parser.addOption({QStringLiteral("radius"), QStringLiteral("scatter assets within this many metres (0: all at the location)"), QStringLiteral("M")});
+    if (const int status = parseCommandArguments(parser, kFill, arguments); status >= 0)
+        return status;
+
+    VUTesterLibraryFillerSettings settings;
+    settings.copyValuesFrom(*VUTesterLibraryFillerSettings::sharedInstance());
+    QString message;
+    if (!applyFlags(parser, &settings, &message))
+        return usageError(kFill, message);
+
+    const bool toLibrary = settings.fillDestination() == 0;
+    if (toLibrary) {
+        VHError error;
+        if (!VHPhotoLibrary::sharedPhotoLibrary()->open(&error))
+            return failure(kFill, QStringLiteral("cannot open the photo library at %1: %2").arg(VHPhotoLibrary::sharedLibraryLocation(), error.debugDescription()));
+    }
+
+    const auto operation = VUTesterLibraryFillOperation::create(&settings);
+    const qint64 total = operation->enumerator().numberOfAssetsToAdd();
+    const bool terminal = isatty(STDOUT_FILENO);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    QElapsedTimer clock;
+    clock.start();
+    qint64 made[3] = {0, 0, 0};
+    qint64 finished = 0;
+    QString firstError;
+
+    operation->setAssetObserver([&](const VUTesterLibraryFillOperation::AssetReport &report) {
+        dispatch::Queue::main()->async([&, report] {
+            finished = report.index;
+            if (report.success && report.media >= 0 && report.media < 3)
+                ++made[report.media];
+            if (!report.success && firstError.isEmpty())
+                firstError = report.error;
+            const double elapsed = clock.elapsed() / 1000.0;
+            const double rate = elapsed > 0 ? report.index / elapsed : 0;
+            if (!report.success) {
+                if (terminal)
+                    out << '\n';
+                err << "vistra-tester fill: asset " << report.index << " (" << mediaName(report.media) << ") failed: " << report.error << Qt::endl;
+            } else if (terminal) {
+                constexpr int width = 30;
+                const int filled = total > 0 ? int(width * report.index / total) : width;
+                out << "\r[" << QString(filled, QLatin1Char('#')) << QString(width - filled, QLatin1Char('.')) << "] " << report.index << '/' << total
+                    << QString::asprintf("  %.2f assets/s", rate) << "  left " << durationText(rate > 0 ? (total - report.index) / rate : 0) << "   " << Qt::flush;
+            } else {
+                out << "asset " << report.index << '/' << total << ": " << mediaName(report.media) << ' ' << qint64(report.size.width()) << 'x'
+                    << qint64(report.size.height()) << (toLibrary ? " imported " : " -> ") << report.files.join(QStringLiteral(" + ")) << Qt::endl;
+            }
+        });
+    });
+
+    g_interrupts = 0;
+    std::signal(SIGINT, onInterrupt);
+    QTimer interruptWatch;
+    QObject::connect(&interruptWatch, &QTimer::timeout, [&] {
+        if (g_interrupts > 0 && !operation->_isCanceled()) {
+            err << (terminal ? "\n" : "") << "vistra-tester fill: cancelling after the asset in progress (Ctrl-C again to stop at once)" << Qt::endl;
+            operation->cancel();
+        }
+    });
+    interruptWatch.start(50);
+
+    dispatch::Queue::global()->async([operation] {
+        operation->runWithCompletionHandler([] {
+            // Let queued progress lines print before leaving.
+            dispatch::Queue::main()->async([] { QCoreApplication::exit(0); });
+        });
+    });
+    QCoreApplication::exec();
+    std::signal(SIGINT, SIG_DFL);
+    if (terminal)
+        out << '\n';
+
+    const QString where = toLibrary ? QStringLiteral("the photo library at %1").arg(VHPhotoLibrary::sharedLibraryLocation())
+                                    : VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
+    out << "made " << made[0] + made[1] + made[2] << " of " << total << " assets (" << made[0] << " photos, " << made[1] << " videos, " << made[2]
+        << " Stir Shots) in " << durationText(clock.elapsed() / 1000.0) << " into " << where << Qt::endl;
+    if (!firstError.isEmpty())
+        return failure(kFill, QStringLiteral("stopped after a failed asset: %1").arg(firstError));
+    if (g_interrupts > 0 || (operation->_isCanceled() && finished < total)) {
+        err << "vistra-tester fill: cancelled" << Qt::endl;
+        return ExitCancelled;
+    }
+    return ExitOk;
+}
+
+} // namespace app
