@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QUuid>
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -111,15 +113,28 @@ TEST(VUTesterDefaultVideoGenerator, MakesAMovieOnceAndThenReturnsTheCachedFile)
 
 TEST(VUTesterDefaultVideoGenerator, AFailedMovieIsLoggedAndDeleted)
 {
+    // Movies go to the temporary folder: a plain file standing where it should be makes the
+    // movie fail.
+    const QByteArray temporary = qgetenv("TMPDIR");
+    QTemporaryDir parent;
+    QFile blocker(parent.filePath(QStringLiteral("not-a-folder")));
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    qputenv("TMPDIR", QFile::encodeName(blocker.fileName()));
     VUTesterDefaultVideoGenerator generator;
-    generator.setVideoSize({160, 91}); // odd height: 4:2:0 H.264 cannot hold it
+    generator.setVideoSize({160, 90});
     generator.setVideoDuration(0.1);
     generator.setVideoFPS(10.0);
     const QString suffix = uniqueSuffix();
     const Result failed = generate(generator, suffix);
+    const QString path = VUTesterDefaultVideoGenerator::_videoPath({160, 90}, 0.1, 10.0, suffix);
+    if (temporary.isNull())
+        qunsetenv("TMPDIR");
+    else
+        qputenv("TMPDIR", temporary);
     EXPECT_TRUE(failed.path.isEmpty());
     ASSERT_TRUE(failed.error);
-    EXPECT_FALSE(QFile::exists(VUTesterDefaultVideoGenerator::_videoPath({160, 91}, 0.1, 10.0, suffix)));
+    EXPECT_FALSE(QFile::exists(path));
 }
 
 TEST(VUTesterVideoGenerator, TheBaseMakesNothing)
