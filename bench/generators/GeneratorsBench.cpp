@@ -49,21 +49,29 @@ double plainLoopSeconds(QSize size, const VUTesterRGBAColorTable &table, const P
     return best;
 }
 
-// Times redraws of a generator (its content invalidated each time), reporting the ratio to the plain loop.
-void runBitmap(benchmark::State &state, VUTesterBitmapImageGenerator &generator, const PixelFunction &plain)
+// Times redraws of a generator at the benchmark's size, `invalidate` run untimed before each.
+// Returns seconds per image.
+double timeRedraws(benchmark::State &state, VUTesterImageGenerator &generator, const std::function<void()> &invalidate)
 {
     const QSize size = kSizes[state.range(0)];
     generator.setImageSize(QSizeF(size));
     generator.generatedImage(); // buffers and tables in place
     double total = 0;
     for (auto _ : state) {
-        generator.invalidateBitmapContent();
+        invalidate();
         const auto start = std::chrono::steady_clock::now();
         benchmark::DoNotOptimize(generator.generatedImage());
         total += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     }
     setRate(state, size);
-    state.counters["ratio_to_plain"] = total / double(state.iterations()) / plainLoopSeconds(size, *generator.colorTable(), plain);
+    return total / double(state.iterations());
+}
+
+// Reports the ratio of the generator's time to the plain loop's.
+void runBitmap(benchmark::State &state, VUTesterBitmapImageGenerator &generator, const PixelFunction &plain)
+{
+    const double seconds = timeRedraws(state, generator, [&] { generator.invalidateBitmapContent(); });
+    state.counters["ratio_to_plain"] = seconds / plainLoopSeconds(kSizes[state.range(0)], *generator.colorTable(), plain);
 }
 
 void fillCheckerboard(uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table)
@@ -181,19 +189,9 @@ double painterRadialSeconds(QSize size)
 
 void BM_Radial(benchmark::State &state)
 {
-    const QSize size = kSizes[state.range(0)];
     VUTesterRadialPatternImageGenerator generator;
-    generator.setImageSize(QSizeF(size));
-    generator.generatedImage();
-    double total = 0;
-    for (auto _ : state) {
-        generator.invalidateImage();
-        const auto start = std::chrono::steady_clock::now();
-        benchmark::DoNotOptimize(generator.generatedImage());
-        total += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    }
-    setRate(state, size);
-    state.counters["speedup_over_painter"] = painterRadialSeconds(size) / (total / double(state.iterations()));
+    const double seconds = timeRedraws(state, generator, [&] { generator.invalidateImage(); });
+    state.counters["speedup_over_painter"] = painterRadialSeconds(kSizes[state.range(0)]) / seconds;
 }
 
 // One frame of the default test movie.
