@@ -1,6 +1,7 @@
 // Throughput of every image generator at photo sizes, in Mpixel/s. Each bitmap generator is paired
 // with the same pixel function as a plain loop (no per-pixel call, same palette lookup, same reused
 // buffer): the compute limit. "ratio_to_plain" is the generator's time over that loop's.
+// The radial pattern reports its speed-up over drawing the same wedges with QPainter.
 
 #include <media/VUTesterConcentricRectsImageGenerator.h>
 #include <media/VUTesterFractalImageGenerator.h>
@@ -13,8 +14,12 @@
 #include <benchmark/benchmark.h>
 
 #include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRadialGradient>
 
 #include <chrono>
+#include <cmath>
 #include <functional>
 #include <vector>
 
@@ -44,21 +49,29 @@ double plainLoopSeconds(QSize size, const VUTesterRGBAColorTable &table, const P
     return best;
 }
 
-// Times redraws of a generator (its content invalidated each time), reporting the ratio to the plain loop.
-void runBitmap(benchmark::State &state, VUTesterBitmapImageGenerator &generator, const PixelFunction &plain)
+// Times redraws of a generator at the benchmark's size, `invalidate` run untimed before each.
+// Returns seconds per image.
+double timeRedraws(benchmark::State &state, VUTesterImageGenerator &generator, const std::function<void()> &invalidate)
 {
     const QSize size = kSizes[state.range(0)];
     generator.setImageSize(QSizeF(size));
     generator.generatedImage(); // buffers and tables in place
     double total = 0;
     for (auto _ : state) {
-        generator.invalidateBitmapContent();
+        invalidate();
         const auto start = std::chrono::steady_clock::now();
         benchmark::DoNotOptimize(generator.generatedImage());
         total += std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     }
     setRate(state, size);
-    state.counters["ratio_to_plain"] = total / double(state.iterations()) / plainLoopSeconds(size, *generator.colorTable(), plain);
+    return total / double(state.iterations());
+}
+
+// Reports the ratio of the generator's time to the plain loop's.
+void runBitmap(benchmark::State &state, VUTesterBitmapImageGenerator &generator, const PixelFunction &plain)
+{
+    const double seconds = timeRedraws(state, generator, [&] { generator.invalidateBitmapContent(); });
+    state.counters["ratio_to_plain"] = seconds / plainLoopSeconds(kSizes[state.range(0)], *generator.colorTable(), plain);
 }
 
 void fillCheckerboard(uint32_t *pixels, int w, int h, const VUTesterRGBAColorTable &table)
@@ -146,10 +159,52 @@ void runCanvas(benchmark::State &state, VUTesterImageGenerator &generator, const
     setRate(state, size);
 }
 
+// The default radial pattern drawn the straightforward way: its wedges as one path filled with a
+// radial gradient by QPainter, for the generator's speed-up over it.
+double painterRadialSeconds(QSize size)
+{
+    QImage pixels(size, QImage::Format_RGBA8888_Premultiplied);
+    const auto start = std::chrono::steady_clock::now();
+    pixels.fill(Qt::white);
+    QPainter painter(&pixels);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre(size.width() * 0.5, size.height() * 0.5);
+    const double radius = std::hypot(size.width(), size.height()) * 0.5;
+    const QRectF circle(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
+    QPainterPath wedges;
+    const double step = 360.0 / 54;
+    for (int i = 0; i < 54; i += 2) {
+        wedges.moveTo(centre);
+        wedges.arcTo(circle, -step * i, -step);
+        wedges.closeSubpath();
+    }
+    QRadialGradient gradient(centre, radius * 0.5);
+    gradient.setColorAt(0.0, Qt::white);
+    gradient.setColorAt(1.0, Qt::red);
+    painter.fillPath(wedges, gradient);
+    painter.end();
+    benchmark::DoNotOptimize(pixels.constBits());
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 void BM_Radial(benchmark::State &state)
 {
     VUTesterRadialPatternImageGenerator generator;
-    runCanvas(state, generator, [&] { generator.invalidateImage(); });
+    const double seconds = timeRedraws(state, generator, [&] { generator.invalidateImage(); });
+    state.counters["speedup_over_painter"] = painterRadialSeconds(kSizes[state.range(0)]) / seconds;
+}
+
+// One frame of the default test movie.
+void BM_RadialVideoFrame(benchmark::State &state)
+{
+    VUTesterRadialPatternImageGenerator generator;
+    generator.setImageSize(QSizeF(1920, 1080));
+    double phase = 0;
+    for (auto _ : state) {
+        generator.setPhase(phase += 0.1);
+        benchmark::DoNotOptimize(generator.generatedImage());
+    }
+    setRate(state, QSize(1920, 1080));
 }
 
 void BM_Solid(benchmark::State &state)
@@ -198,6 +253,7 @@ void BM_FillStack(benchmark::State &state)
 BENCHMARK(BM_Checkerboard) SIZES;
 BENCHMARK(BM_Concentric) SIZES;
 BENCHMARK(BM_Radial) SIZES;
+BENCHMARK(BM_RadialVideoFrame)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(0.5);
 BENCHMARK(BM_Solid) SIZES;
 BENCHMARK(BM_Watermark) SIZES;
 BENCHMARK(BM_FillStack) SIZES;
