@@ -2,6 +2,7 @@
 // the window; with one it works headless and exits.
 
 #include "Commands.h"
+#include "dispatch/Dispatch.h"
 #include "library/LibraryBrowserWidget.h"
 
 #include "shell/VUTesterRootSettingsViewController.h"
@@ -81,8 +82,13 @@ int main(int argc, char **argv)
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vistra-tester"));
-    if (command)
-        return command->run(arguments.mid(1));
+    // Worker threads that drew with Qt must end before the application object does.
+    const auto endWorkers = [] { dispatch::endWorkerThreads(std::chrono::seconds(10)); };
+    if (command) {
+        const int status = command->run(arguments.mid(1));
+        endWorkers();
+        return status;
+    }
 
     ui::installApplicationNotifications();
     QTabWidget window;
@@ -95,5 +101,7 @@ int main(int argc, char **argv)
     // A phone-sized window to start with; it resizes freely.
     window.resize(390, 844);
     window.show();
-    return application.exec();
+    const int status = application.exec();
+    endWorkers();
+    return status;
 }

@@ -4,6 +4,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
+#include <atomic>
 #include <deque>
 #include <thread>
 
@@ -12,12 +14,60 @@ namespace {
 
 thread_local Queue *tl_current = nullptr;
 
+// Worker threads are joinable and kept here, so shutdown can wait until each has fully ended,
+// thread-local clean-up included; idle workers look at the generation to learn that they should
+// end now rather than linger.
+struct Workers {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<std::thread> threads;
+    std::vector<std::thread::id> finished;
+    std::atomic<unsigned> endGeneration{0};
+
+    // Joins threads whose function has returned (their clean-up is brief). Call with the lock.
+    void reapFinished()
+    {
+        for (std::thread::id id : finished) {
+            auto it = std::find_if(threads.begin(), threads.end(), [id](const std::thread &t) { return t.get_id() == id; });
+            if (it != threads.end()) {
+                it->join();
+                threads.erase(it);
+            }
+        }
+        finished.clear();
+    }
+};
+
+Workers &workers()
+{
+    // Never destroyed: workers may still be ending while statics go.
+    static Workers *const instance = new Workers;
+    return *instance;
+}
+
+void spawnWorker(std::function<void()> body)
+{
+    Workers &w = workers();
+    std::lock_guard lock(w.mutex);
+    w.reapFinished();
+    w.threads.emplace_back([body = std::move(body)]() mutable {
+        body();
+        body = nullptr;
+        std::lock_guard lock(workers().mutex);
+        workers().finished.push_back(std::this_thread::get_id());
+        workers().changed.notify_all();
+    });
+}
+
 // An idle worker lingers this long for more work before its thread ends, so bursts of requests
 // reuse one thread while a queue that falls silent holds none.
 constexpr auto kSerialLinger = std::chrono::milliseconds(200);
 constexpr auto kGlobalLinger = std::chrono::seconds(5);
 // Far more than two cores need; the cap only stops a runaway of blocked tasks.
 constexpr int kGlobalMaxThreads = 64;
+
+class SerialQueue;
+void registerIdleWaker(std::weak_ptr<SerialQueue> queue);
 
 class MainQueue final : public Queue {
 public:
@@ -35,6 +85,12 @@ class SerialQueue final : public Queue, public std::enable_shared_from_this<Seri
 public:
     explicit SerialQueue(std::string label) : Queue(std::move(label)) {}
 
+    void wakeIdleWorker()
+    {
+        std::lock_guard lock(m_mutex);
+        m_cv.notify_all();
+    }
+
     void async(Block block) override
     {
         std::lock_guard lock(m_mutex);
@@ -44,16 +100,23 @@ public:
             return;
         }
         m_hasWorker = true;
-        std::thread([self = shared_from_this()] { self->drain(); }).detach();
+        registerIdleWaker(weak_from_this());
+        spawnWorker([self = shared_from_this()] { self->drain(); });
     }
 
 private:
     void drain()
     {
         tl_current = this;
+        const unsigned generation = workers().endGeneration;
         std::unique_lock lock(m_mutex);
         for (;;) {
-            if (m_blocks.empty() && !m_cv.wait_for(lock, kSerialLinger, [this] { return !m_blocks.empty(); })) {
+            if (m_blocks.empty()
+                && !m_cv.wait_for(lock, kSerialLinger, [&] { return !m_blocks.empty() || workers().endGeneration != generation; })) {
+                m_hasWorker = false;
+                return;
+            }
+            if (m_blocks.empty()) {
                 m_hasWorker = false;
                 return;
             }
@@ -76,13 +139,19 @@ class GlobalQueue final : public Queue {
 public:
     GlobalQueue() : Queue("global.default") {}
 
+    void wakeIdleWorkers()
+    {
+        std::lock_guard lock(m_mutex);
+        m_cv.notify_all();
+    }
+
     void async(Block block) override
     {
         std::lock_guard lock(m_mutex);
         m_blocks.push_back(std::move(block));
         if (static_cast<long>(m_blocks.size()) > m_idle && m_threads < kGlobalMaxThreads) {
             ++m_threads;
-            std::thread([this] { work(); }).detach();
+            spawnWorker([this] { work(); });
         } else {
             m_cv.notify_one();
         }
@@ -92,13 +161,14 @@ private:
     void work()
     {
         tl_current = this;
+        const unsigned generation = workers().endGeneration;
         std::unique_lock lock(m_mutex);
         for (;;) {
             if (m_blocks.empty()) {
                 ++m_idle;
-                const bool woken = m_cv.wait_for(lock, kGlobalLinger, [this] { return !m_blocks.empty(); });
+                m_cv.wait_for(lock, kGlobalLinger, [&] { return !m_blocks.empty() || workers().endGeneration != generation; });
                 --m_idle;
-                if (!woken) {
+                if (m_blocks.empty()) {
                     --m_threads;
                     return;
                 }
@@ -119,7 +189,42 @@ private:
     int m_threads = 0;
 };
 
+std::mutex g_serialRegistryMutex;
+std::vector<std::weak_ptr<SerialQueue>> g_serialRegistry;
+
+// Serial queues that may have an idle worker; expired entries are dropped as new ones come.
+void registerIdleWaker(std::weak_ptr<SerialQueue> queue)
+{
+    std::lock_guard lock(g_serialRegistryMutex);
+    std::erase_if(g_serialRegistry, [](const std::weak_ptr<SerialQueue> &q) { return q.expired(); });
+    g_serialRegistry.push_back(std::move(queue));
+}
+
+GlobalQueue &globalQueue();
+
 } // namespace
+
+bool endWorkerThreads(std::chrono::milliseconds timeout)
+{
+    ++workers().endGeneration;
+    std::vector<std::shared_ptr<SerialQueue>> serial;
+    {
+        std::lock_guard lock(g_serialRegistryMutex);
+        for (const auto &weak : g_serialRegistry)
+            if (auto queue = weak.lock())
+                serial.push_back(std::move(queue));
+        g_serialRegistry.clear();
+    }
+    for (const auto &queue : serial)
+        queue->wakeIdleWorker();
+    serial.clear();
+    globalQueue().wakeIdleWorkers();
+    Workers &w = workers();
+    std::unique_lock lock(w.mutex);
+    const bool ended = w.changed.wait_for(lock, timeout, [&w] { return w.finished.size() == w.threads.size(); });
+    w.reapFinished();
+    return ended;
+}
 
 Queue::~Queue() = default;
 
@@ -129,10 +234,18 @@ QueuePtr Queue::main()
     return queue;
 }
 
-QueuePtr Queue::global()
+namespace {
+GlobalQueue &globalQueue()
 {
     // Never destroyed: detached workers may still be winding down at exit.
-    static const QueuePtr queue(new GlobalQueue, [](Queue *) {});
+    static GlobalQueue *const queue = new GlobalQueue;
+    return *queue;
+}
+} // namespace
+
+QueuePtr Queue::global()
+{
+    static const QueuePtr queue(&globalQueue(), [](Queue *) {});
     return queue;
 }
 

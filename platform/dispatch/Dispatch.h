@@ -82,6 +82,12 @@ private:
     std::vector<std::pair<QueuePtr, Block>> m_notifications;
 };
 
+// Ends the idle worker threads of every queue and waits, at most `timeout`, until no worker
+// thread is left; false when some were still busy. Call it before the application object goes:
+// a thread that used Qt must not end while Qt's globals are being destroyed. Queues keep
+// working afterwards, starting new threads as needed.
+bool endWorkerThreads(std::chrono::milliseconds timeout);
+
 // Run-once, as a plain alias for the standard facility.
 using OnceFlag = std::once_flag;
 template <typename F>

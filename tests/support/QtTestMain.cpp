@@ -2,6 +2,8 @@
 // platform, and fresh config, data and cache folders so a test never touches a user's files,
 // however it is started.
 
+#include "dispatch/Dispatch.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -19,5 +21,8 @@ int main(int argc, char **argv)
     ::testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vistra-tester-tests"));
-    return RUN_ALL_TESTS();
+    const int status = RUN_ALL_TESTS();
+    // Worker threads that drew with Qt must end before the application object does.
+    dispatch::endWorkerThreads(std::chrono::seconds(10));
+    return status;
 }

@@ -165,3 +165,29 @@ TEST(MainQueue, RunsOnTheEventLoopThreadAndHonoursDelays)
     Queue::main()->sync([&] { ran = true; });
     EXPECT_TRUE(ran);
 }
+
+// The application ends worker threads before its Qt globals go; queues must keep working after.
+TEST(Workers, EndWorkerThreadsWaitsForIdleWorkersAndQueuesStillRunAfterwards)
+{
+    auto serial = Queue::createSerial("test.end");
+    serial->sync([] {});
+    dispatch::Group group;
+    for (int i = 0; i < 4; ++i)
+        group.async(*Queue::global(), [] {});
+    ASSERT_TRUE(group.waitFor(10s));
+    // Idle workers would linger for their queues; ending them must not wait that long.
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(dispatch::endWorkerThreads(10s));
+    EXPECT_LT(clock.elapsed(), 4000);
+
+    dispatch::Semaphore busy;
+    Queue::global()->async([&] { busy.wait(); });
+    EXPECT_FALSE(dispatch::endWorkerThreads(100ms)) << "a busy worker is reported, not waited for forever";
+    busy.signal();
+
+    bool ran = false;
+    serial->sync([&] { ran = true; });
+    EXPECT_TRUE(ran);
+    EXPECT_TRUE(dispatch::endWorkerThreads(10s));
+}
