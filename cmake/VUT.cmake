@@ -12,7 +12,7 @@ endfunction()
 function(vut_add_bench name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_LIBS} benchmark::benchmark)
+  target_link_libraries(${name} PRIVATE ${ARG_LIBS} vut_bench_main benchmark::benchmark)
 endfunction()
 
 # Adds every listed sub-folder that has a CMakeLists.txt, so parts can land independently.

@@ -14,7 +14,6 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -156,19 +155,3 @@ BENCHMARK(BM_FillAsset)
     ->Iterations(4)
     ->UseRealTime();
 BENCHMARK(BM_PhotoStage)->DenseRange(0, 3)->Unit(benchmark::kMillisecond)->Iterations(8)->UseRealTime();
-
-int main(int argc, char **argv)
-{
-    // A private library and temporary folder: the benchmark never touches the user's library.
-    QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    dispatch::endWorkerThreads(std::chrono::seconds(10));
-    return 0;
-}

@@ -13,7 +13,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRadialGradient>
@@ -259,14 +258,3 @@ BENCHMARK(BM_Watermark) SIZES;
 BENCHMARK(BM_FillStack) SIZES;
 BENCHMARK(BM_FractalDefaults) SIZES;
 BENCHMARK(BM_FractalUserTransforms) SIZES;
-
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

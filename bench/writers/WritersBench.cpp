@@ -15,7 +15,6 @@
 #include <movie/VideoInput.h>
 
 #include <QFile>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -256,14 +255,3 @@ void BM_DefaultVideoGeneratorPeakMemory(benchmark::State &state)
 BENCHMARK(BM_DefaultVideoGeneratorPeakMemory)->Arg(36)->Arg(360)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(BM_PhotoWriter)->Args({3200, 2400})->Args({8000, 6000})->UseManualTime()->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK(BM_VideoWriter)->Args({1920, 1080})->Args({1440, 1080})->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
-
-int main(int argc, char **argv)
-{
-    // The time-stamp label is drawn with fonts, which need a GUI application; no display is used.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
