@@ -53,10 +53,8 @@ bool parseChoice(const QString &option, const QString &key, const QString &text,
     QVariantList values;
     QStringList titles;
     VUTesterLibraryFillerSettings::getPossibleValues(&values, &titles, key);
-    if (key == QLatin1String("content")) {
-        values = {0, 1, 2};
-        titles = {QStringLiteral("Solid Color"), QStringLiteral("1px Concentric Rects"), QStringLiteral("Radial Patterns")};
-    }
+    if (key == QLatin1String("content"))
+        VUTesterLibraryFillerSettings::getContentChoices(&values, &titles);
     const QString wanted = normalised(text);
     if (enumerable && wanted == QLatin1String("enumerate")) {
         *value = key == QLatin1String("aspectRatio") ? QVariant(double(VUTesterLibraryFillerSettings::kEnumerate)) : QVariant(VUTesterLibraryFillerSettings::kEnumerate);

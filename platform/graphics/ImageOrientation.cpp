@@ -70,6 +70,11 @@ int exifOrientation(ImageOrientation orientation)
     return kOrientations[static_cast<int>(orientation)].exif;
 }
 
+int exifOrientationForValue(long long value)
+{
+    return isValidImageOrientation(value) ? exifOrientation(static_cast<ImageOrientation>(value)) : 1;
+}
+
 ImageOrientation imageOrientationFromExif(int exif)
 {
     for (int i = 0; i < kImageOrientationCount; ++i)

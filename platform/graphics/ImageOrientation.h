@@ -32,6 +32,8 @@ bool imageOrientationFromLabel(const QString &label, ImageOrientation *orientati
 
 // EXIF orientation numbers 1..8.
 int exifOrientation(ImageOrientation orientation);
+// The EXIF number of a stored orientation value; Up (1) for values outside 0..7.
+int exifOrientationForValue(long long value);
 // The orientation for an EXIF number; Up for numbers outside 1..8.
 ImageOrientation imageOrientationFromExif(int exif);
 // 6 and 8 undo each other; every other orientation is its own inverse.

@@ -250,7 +250,7 @@ void VUTesterLibraryFillOperation::_addPhotoWithSize(QSizeF size, AssetCompletio
 
 QSizeF VUTesterLibraryFillOperation::videoFrameSize(QSizeF requested, qint64 imageOrientation)
 {
-    const int exif = graphics::exifOrientation(static_cast<graphics::ImageOrientation>(graphics::isValidImageOrientation(imageOrientation) ? imageOrientation : 0));
+    const int exif = graphics::exifOrientationForValue(imageOrientation);
     QSizeF encoded = graphics::transformedSize(requested, graphics::inverseExifOrientation(exif));
     if (encoded.height() > 1080) {
         encoded.setWidth(encoded.width() * 1080.0 / encoded.height());
@@ -264,7 +264,7 @@ std::shared_ptr<VUTesterVideoWriter> VUTesterLibraryFillOperation::_movieWriter(
                                                                               const QString &pairingIdentifier)
 {
     const QSizeF frameSize = videoFrameSize(size, orientation);
-    const int exif = graphics::exifOrientation(static_cast<graphics::ImageOrientation>(graphics::isValidImageOrientation(orientation) ? orientation : 0));
+    const int exif = graphics::exifOrientationForValue(orientation);
     auto writer = std::make_shared<VUTesterVideoWriter>();
     writer->setOutputDuration(3.0);
     writer->setTransform(graphics::exifOrientationTransform(exif));

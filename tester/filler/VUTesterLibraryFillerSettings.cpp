@@ -109,6 +109,12 @@ void VUTesterLibraryFillerSettings::getPossibleValues(QVariantList *values, QStr
         *titles = t;
 }
 
+void VUTesterLibraryFillerSettings::getContentChoices(QVariantList *values, QStringList *titles)
+{
+    *values = {0, 1, 2};
+    *titles = {QStringLiteral("Solid Color"), QStringLiteral("1px Concentric Rects"), QStringLiteral("Radial Patterns")};
+}
+
 TWRowPtr VUTesterLibraryFillerSettings::_choiceRowForSettingWithTitle(const QString &title, const QString &key, bool isEnumerable)
 {
     QVariantList values;
@@ -187,7 +193,10 @@ TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
     auto longSide = TWSliderRow::rowWithTitle(QStringLiteral("Photo Long Side"), QStringLiteral("longSide"));
     longSide->minValue(100, 15000)->vu_increment(100);
     auto content = TWChoiceRow::rowWithTitle(QStringLiteral("Content"), QStringLiteral("content"));
-    content->possibleValues({0, 1, 2}, {QStringLiteral("Solid Color"), QStringLiteral("1px Concentric Rects"), QStringLiteral("Radial Patterns")});
+    QVariantList contentValues;
+    QStringList contentTitles;
+    getContentChoices(&contentValues, &contentTitles);
+    content->possibleValues(contentValues, contentTitles);
     auto location = TWChoiceRow::rowWithTitle(QStringLiteral("Location"), QStringLiteral("internalLocationIsSet"));
     location->possibleValues({true, false}, {QStringLiteral("Set"), QStringLiteral("None")});
     location->action(TWUIPushViewControllerRowAction::actionWithViewControllerCreator([](const TWRowActionContext &) -> ui::ViewController * {

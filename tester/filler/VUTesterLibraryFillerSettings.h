@@ -31,6 +31,9 @@ public:
     // be null.
     static void getPossibleValues(QVariantList *values, QStringList *titles, const QString &setting);
 
+    // The values and titles of "content", which is a plain choice with no sentinels.
+    static void getContentChoices(QVariantList *values, QStringList *titles);
+
     // The presets, by title, in screen order.
     static QStringList presetTitles();
     // Applies a preset; false for an unknown title.
