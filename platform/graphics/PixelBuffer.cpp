@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <iterator>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -39,12 +38,6 @@ void *mapBlock(size_t bytes)
     return data == MAP_FAILED ? nullptr : data;
 }
 
-void release(const std::vector<Block> &blocks)
-{
-    for (const Block &block : blocks)
-        munmap(block.data, block.bytes);
-}
-
 class Pool {
 public:
     Block take(size_t requested)
@@ -69,14 +62,11 @@ public:
                 return block;
             }
             // New work: make room among the kept buffers, oldest first, within the recent peak.
-            while (!m_free.empty() && m_retained + m_inUse + bytes > std::max(m_peak, m_previousPeak)) {
-                evicted.push_back(m_free.front());
-                m_retained -= m_free.front().bytes;
-                m_free.erase(m_free.begin());
-            }
+            while (!m_free.empty() && m_retained + m_inUse + bytes > std::max(m_peak, m_previousPeak))
+                _evictOldest(&evicted);
             _use(bytes);
         }
-        release(evicted);
+        _release(evicted);
         void *data = mapBlock(bytes);
         if (!data) {
             std::lock_guard lock(m_mutex);
@@ -99,18 +89,15 @@ public:
             block.returned = Clock::now();
             m_free.push_back(block);
             m_retained += block.bytes;
-            while (m_retained > kMaxRetainedBytes) {
-                evicted.push_back(m_free.front());
-                m_retained -= m_free.front().bytes;
-                m_free.erase(m_free.begin());
-            }
+            while (m_retained > kMaxRetainedBytes)
+                _evictOldest(&evicted);
             // A trim dropped unrun (the workers ended) is overdue: schedule another.
             if (!m_trimDue || block.returned > *m_trimDue + kIdleLifetime) {
                 m_trimDue = block.returned + kIdleLifetime;
                 scheduleTrim = true;
             }
         }
-        release(evicted);
+        _release(evicted);
         if (scheduleTrim)
             _scheduleTrim();
     }
@@ -118,10 +105,31 @@ public:
     qsizetype retained()
     {
         std::lock_guard lock(m_mutex);
-        return qsizetype(m_retained);
+        return qsizetype(m_retained + m_releasing);
     }
 
 private:
+    // Call with the lock; the block stays counted until _release() has given its pages back.
+    void _evictOldest(std::vector<Block> *evicted)
+    {
+        evicted->push_back(m_free.front());
+        m_retained -= m_free.front().bytes;
+        m_releasing += m_free.front().bytes;
+        m_free.erase(m_free.begin());
+    }
+
+    // Outside the lock: unmapping a big buffer takes a while.
+    void _release(const std::vector<Block> &evicted)
+    {
+        size_t bytes = 0;
+        for (const Block &block : evicted) {
+            munmap(block.data, block.bytes);
+            bytes += block.bytes;
+        }
+        std::lock_guard lock(m_mutex);
+        m_releasing -= bytes;
+    }
+
     // Call with the lock.
     void _use(size_t bytes)
     {
@@ -143,11 +151,9 @@ private:
         {
             std::lock_guard lock(m_mutex);
             const Clock::time_point now = Clock::now();
-            const auto stale = [&](const Block &block) { return now - block.returned >= kIdleLifetime; };
-            std::copy_if(m_free.begin(), m_free.end(), std::back_inserter(evicted), stale);
-            std::erase_if(m_free, stale);
-            for (const Block &block : evicted)
-                m_retained -= block.bytes;
+            // Oldest first: the stale ones lead the list.
+            while (!m_free.empty() && now - m_free.front().returned >= kIdleLifetime)
+                _evictOldest(&evicted);
             m_previousPeak = m_peak;
             m_peak = m_inUse;
             again = !m_free.empty();
@@ -155,7 +161,7 @@ private:
             if (again)
                 m_trimDue = now + kIdleLifetime;
         }
-        release(evicted);
+        _release(evicted);
         if (again)
             _scheduleTrim();
     }
@@ -163,6 +169,7 @@ private:
     std::mutex m_mutex;
     std::vector<Block> m_free; // oldest first
     size_t m_retained = 0;
+    size_t m_releasing = 0; // evicted, pages not yet given back
     size_t m_inUse = 0;
     // The most in use at once in this trim period and the one before.
     size_t m_peak = 0;
