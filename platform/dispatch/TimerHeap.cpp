@@ -36,8 +36,10 @@ void TimerHeap::run(unsigned generation)
             m_changed.wait(lock);
             continue;
         }
-        if (Clock::now() < m_heap.front().due) {
-            m_changed.wait_until(lock, m_heap.front().due);
+        // A copy: the heap may grow, and move its entries, while this waits.
+        const Clock::time_point due = m_heap.front().due;
+        if (Clock::now() < due) {
+            m_changed.wait_until(lock, due);
             continue;
         }
         std::pop_heap(m_heap.begin(), m_heap.end(), later);

@@ -165,11 +165,12 @@ TEST(After, DelaysShareOneThreadAndRunInDueOrder)
     std::mutex mutex;
     std::vector<int> order;
     dispatch::Group group;
-    constexpr int kDelays = 300;
+    constexpr int kDelays = 40;
     for (int i = 0; i < kDelays; ++i) {
         group.enter();
-        // Due times run backwards against the calls: 300 ms for the first, 1 ms for the last.
-        dispatch::after(queue, std::chrono::milliseconds(kDelays - i), [&, i] {
+        // Due times run backwards against the calls, 10 ms apart (far more than a call takes):
+        // 400 ms for the first, 10 ms for the last.
+        dispatch::after(queue, std::chrono::milliseconds(10 * (kDelays - i)), [&, i] {
             std::lock_guard lock(mutex);
             order.push_back(i);
             group.leave();
