@@ -34,6 +34,14 @@ inline QRectF insetRect(const QRectF &rect, const EdgeInsets &insets)
     return rect.adjusted(insets.left, insets.top, -insets.right, -insets.bottom);
 }
 
+// The widget rectangle for a frame: each edge rounds to the nearest pixel, so frames that meet
+// give widgets that meet, without gaps or overlaps.
+inline QRect pixelRect(const QRectF &frame)
+{
+    const int left = qRound(frame.left()), top = qRound(frame.top());
+    return QRect(left, top, qRound(frame.right()) - left, qRound(frame.bottom()) - top);
+}
+
 // Rounds half away from zero to a whole point (2.5 -> 3, -2.5 -> -3).
 inline double roundToPoint(double value)
 {

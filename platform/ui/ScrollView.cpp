@@ -308,11 +308,7 @@ void ScrollView::handlePan()
         if (!m_dragging)
             break;
         m_dragging = false;
-        QPointF velocity = m_pan->state() == GestureRecognizer::State::Ended ? -m_pan->velocity() : QPointF();
-        for (int axis = 0; axis < 2; ++axis)
-            if (!isScrollable(axis))
-                setAxis(velocity, axis, 0);
-        startSettling(velocity);
+        startSettling(m_pan->state() == GestureRecognizer::State::Ended ? -m_pan->velocity() : QPointF());
         if (m_delegate)
             m_delegate->didEndDragging(this, m_decelerating);
         if (!m_decelerating)
@@ -361,7 +357,7 @@ void ScrollView::startSettling(QPointF velocity)
     for (int axis = 0; axis < 2; ++axis) {
         Motion::Axis &a = m.axes[axis];
         const double offset = axisOf(m_offset, axis);
-        const double v = axisOf(velocity, axis);
+        const double v = isScrollable(axis) ? axisOf(velocity, axis) : 0;
         a = Motion::Axis();
         if (m_paging && isScrollable(axis)) {
             a.target = axisOf(page, axis);

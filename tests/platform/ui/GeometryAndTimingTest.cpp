@@ -1,5 +1,6 @@
-// The intersection rule and the display-synchronised frame timer.
+// The intersection rule, the display-synchronised frame timer and autoresizing.
 
+#include "ui/Autoresizing.h"
 #include "ui/DisplayLink.h"
 #include "ui/Geometry.h"
 
@@ -141,4 +142,25 @@ TEST(DisplayLink, WindowPacingFollowsUpdateRequestsWithoutOutrunningTheDisplay)
     ASSERT_GE(stamps.size(), 3u);
     for (size_t i = 1; i < stamps.size(); ++i)
         EXPECT_GE(stamps[i] - stamps[i - 1], link.duration() * 0.5 - 1e-3);
+}
+
+TEST(Autoresizing, FlexibleDimensionsFollowTheParentEvenWhenResizedBeforeShowing)
+{
+    QWidget parent;
+    parent.resize(640, 480);
+    auto *filling = new QWidget(&parent);
+    filling->setGeometry(0, 0, 640, 480);
+    ui::setAutoresizingMask(filling, ui::Autoresizing::FlexibleWidth | ui::Autoresizing::FlexibleHeight);
+    auto *bar = new QWidget(&parent);
+    bar->setGeometry(10, 10, 620, 40);
+    ui::setAutoresizingMask(bar, ui::Autoresizing::FlexibleWidth);
+    parent.resize(390, 844); // no event until shown
+    parent.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&parent));
+    EXPECT_EQ(filling->geometry(), QRect(0, 0, 390, 844));
+    EXPECT_EQ(bar->geometry(), QRect(10, 10, 370, 40)) << "keeps its margins, not its height";
+    ui::setAutoresizingMask(bar, ui::Autoresizing::None);
+    parent.resize(400, 844);
+    EXPECT_EQ(bar->width(), 370);
+    EXPECT_EQ(filling->width(), 400);
 }
