@@ -31,6 +31,17 @@ const char *const kChildKeys[] = {
     "tilingViewSettings", "viewSettings", "animationsSettings", "transitionSettings", "userTransformsSettings", "lumoSettings",
     "liveWallpaperSettings", "valueFiltersSettings", "sampleAccessorViewSettings"};
 
+// The class of each child, in the same order.
+const char *const kChildClasses[] = {
+    "VUTesterVistraHighlightsDiagnosticsSettings", "VUTesterLibraryFillerSettings", "VUTesterVexoSettings", "VUTesterImagePickerSettings",
+    "VUTesterVideoEditorSettings", "VUTesterImageManagerSettings", "VUTesterStirShotViewSettings", "VUTesterSharingSettings",
+    "VUTesterOneUpPresentationSettings", "VUTesterVideoScrubberSettings", "VUTesterSwipeDownSettings", "VUTesterVistraPickerSettings",
+    "VUTesterActivitySettings", "VUTesterVideoOverlayButtonSettings", "VUTesterLatticerPlaygroundSettings", "VUTesterExploreLayoutSettings",
+    "VUTesterYearsMonthsLayoutsSettings", "VUTesterContextualNotificationsSettings", "VUTesterStoryletsRelatedSettings",
+    "VUTesterTilingViewSettings", "VUTesterViewSettings", "VUTesterAnimationsSettings", "VUTesterTransitionSettings",
+    "VUTesterUserTransformsSettings", "VUTesterLumoSettings", "VUTesterLiveWallpaperSettings", "VUTesterValueFiltersSettings",
+    "VUTesterSampleAccessoryViewSettings"};
+
 struct TreeFixture : ::testing::Test {
     QTemporaryDir dir;
     QString path;
@@ -89,6 +100,21 @@ TEST_F(TreeFixture, RootOwnsItsChildrenInDeclarationOrderAndSharedInstancesAreTh
     EXPECT_EQ(VUTesterSwipeDownSettings::sharedInstance(), root->swipeDownSettings());
     EXPECT_EQ(VUTesterActivitySettings::sharedInstance(), root->activityProgressSettings());
     EXPECT_EQ(VUTesterSampleAccessoryViewSettings::sharedInstance(), root->sampleAccessorViewSettings());
+}
+
+TEST(VUTesterRootSettings, EveryChildReportsItsOwnClass)
+{
+    VUTesterRootSettings root;
+    const QList<TWSettings *> children = root.childSettingsList();
+    ASSERT_EQ(children.size(), qsizetype(std::size(kChildClasses)));
+    for (qsizetype i = 0; i < children.size(); ++i)
+        EXPECT_STREQ(children[i]->metaObject()->className(), kChildClasses[i]) << kChildKeys[i];
+}
+
+TEST(VUTesterRootSettingsDeathTest, CopyingBetweenTwoPlaygroundClassesEndsTheProcess)
+{
+    VUTesterRootSettings root;
+    EXPECT_DEATH(root.swipeDownSettings()->copyValuesFrom(*root.sharingSettings()), "cannot copy a VUTesterSharingSettings into a VUTesterSwipeDownSettings");
 }
 
 TEST_F(TreeFixture, DefaultsFirstThenSavedValuesButNeverTransientOnes)
