@@ -7,10 +7,11 @@
 
 VUTesterStoryletsRelatedSettings::VUTesterStoryletsRelatedSettings()
 {
-    // The title dimensions hold either one value or the label of a whole group of values.
-    declareKey(QStringLiteral("titleFontName"), Kind::Variant);
-    declareKey(QStringLiteral("titleText"), Kind::Variant);
-    declareKey(QStringLiteral("subtitleText"), Kind::Variant);
+    // The title dimensions hold either one value or the label of a whole group of values: texts
+    // for the font, title and subtitle, and for the others a whole number or a group label.
+    declareKey(QStringLiteral("titleFontName"), Kind::String);
+    declareKey(QStringLiteral("titleText"), Kind::String);
+    declareKey(QStringLiteral("subtitleText"), Kind::String);
     declareKey(QStringLiteral("tileKind"), Kind::Variant);
     declareKey(QStringLiteral("formFactor"), Kind::Variant);
     declareKey(QStringLiteral("orientation"), Kind::Variant);

@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -83,6 +85,18 @@ TEST_F(CliFixture, RefusalsExitWithStatusTwoAndChangeNothing)
     EXPECT_EQ(archive(), before);
     EXPECT_TRUE(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("big")})
                     .err.contains(QStringLiteral("expected a whole number")));
+}
+
+TEST_F(CliFixture, TextKeysStoreTextEvenWhenItLooksLikeANumber)
+{
+    const char *const keys[] = {"storyletsRelatedSettings.subtitleText", "storyletsRelatedSettings.titleText", "storyletsRelatedSettings.titleFontName"};
+    for (const char *key : keys)
+        ASSERT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QString::fromLatin1(key), QStringLiteral("2016")}).status, 0) << key;
+    const QJsonObject stored = QJsonDocument::fromJson(archive()).object();
+    for (const char *key : keys) {
+        EXPECT_TRUE(stored.value(QString::fromLatin1(key)).isString()) << key;
+        EXPECT_EQ(stored.value(QString::fromLatin1(key)).toString(), QStringLiteral("2016")) << key;
+    }
 }
 
 TEST_F(CliFixture, ScreenPrintsAModuleOutlineWithValuesAndChoices)
