@@ -38,7 +38,9 @@ int settingsHelp()
                            "       vistra-tester settings reset [KEYPATH]\n\n"
                            "KEYPATH names a key from 'settings list' (libraryFillerSettings.media) or, for reset, a\n"
                            "settings object (libraryFillerSettings); reset without one restores the whole tree.\n"
-                           "Values are typed: true/false, whole numbers, numbers, text, LAT,LON or nil for locations.\n";
+                           "Values are typed: true/false, whole numbers, numbers, text, LAT,LON or nil for locations.\n"
+                           "A key that a row of the settings screen edits takes only what that row offers: one of a\n"
+                           "choice's values, a number within a slider's bounds ('vistra-tester screen' lists them).\n";
     return ExitOk;
 }
 
@@ -87,7 +89,7 @@ int runSettingsCommand(const QStringList &arguments)
             return usageError(kSettings, QStringLiteral("%1 is run-time state and is never saved").arg(arguments[1]));
         QVariant value;
         QString error;
-        if (!TWParseSettingValue(owner->kindOfKey(key), arguments[2], &value, &error) || !owner->setValueForKey(value, key, &error))
+        if (!TWParseSettingValue(owner->kindOfKey(key), arguments[2], &value, &error) || !owner->validateAndSetValueForKeyPath(value, key, &error))
             return usageError(kSettings, QStringLiteral("%1 (%2): %3").arg(arguments[1], TWSettings::kindName(owner->kindOfKey(key)), error));
         return save(root);
     }

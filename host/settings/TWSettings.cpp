@@ -1,5 +1,6 @@
 #include "TWSettings.h"
 
+#include "TWModule.h"
 #include "TWSettingsArchive.h"
 
 #include <QJsonArray>
@@ -412,6 +413,51 @@ bool TWSettings::setValueForKeyPath(const QVariant &value, const QString &keyPat
     return node->setValueForKey(value, key, error);
 }
 
+bool TWSettings::validateValue(QVariant *value, const QString &key, QString *error) const
+{
+    QString ignored;
+    if (!error)
+        error = &ignored;
+    const Slot *s = slot(key);
+    if (!s) {
+        *error = QStringLiteral("unknown key '%1'").arg(key);
+        return false;
+    }
+    QVariant converted;
+    if (!TWConvertSettingValue(s->kind, *value, &converted, error))
+        return false;
+    const std::shared_ptr<TWModule> module = settingsModule();
+    const std::vector<const TWRow *> rows = module ? module->rowsEditingKeyPath(key) : std::vector<const TWRow *>();
+    QStringList offered;
+    for (const TWRow *row : rows) {
+        if (row->offersValue(converted)) {
+            offered.clear();
+            break;
+        }
+        offered << row->offeredValuesText();
+    }
+    if (!offered.isEmpty()) {
+        const QString shown = converted.typeId() == QMetaType::QString ? QStringLiteral("\"%1\"").arg(converted.toString()) : TWSettingValueText(converted);
+        *error = QStringLiteral("%1 is not %2").arg(shown, offered.join(QStringLiteral(" or ")));
+        return false;
+    }
+    *value = converted;
+    return true;
+}
+
+bool TWSettings::validateAndSetValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error)
+{
+    QString key;
+    TWSettings *node = resolveKeyPath(keyPath, &key);
+    if (!node) {
+        if (error)
+            *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
+        return false;
+    }
+    QVariant validated = value;
+    return node->validateValue(&validated, key, error) && node->setValueForKey(validated, key, error);
+}
+
 bool TWSettings::boolValue(const QString &key) const { return valueForKey(key).toBool(); }
 qint64 TWSettings::int64Value(const QString &key) const { return valueForKey(key).toLongLong(); }
 double TWSettings::doubleValue(const QString &key) const { return valueForKey(key).toDouble(); }
@@ -469,7 +515,7 @@ void TWSettings::applyArchiveValue(const QVariant &value, const QString &key)
 {
     QString error;
     const QVariant v = value.typeId() == QMetaType::Nullptr ? QVariant() : value;
-    if (!setValueForKey(v, key, &error))
+    if (!validateAndSetValueForKeyPath(v, key, &error))
         qCWarning(lcSettings).noquote() << "skipping stored value for" << (keyPath().isEmpty() ? key : keyPath() + QLatin1Char('.') + key) << ":" << error;
 }
 

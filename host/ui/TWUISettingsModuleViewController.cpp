@@ -56,7 +56,7 @@ TWUISettingsModuleViewController::TWUISettingsModuleViewController(TWSettings *s
 void TWUISettingsModuleViewController::setValue(const TWRow *row, const QVariant &value)
 {
     QString error;
-    if (!m_settings->setValueForKeyPath(value, row->valueKeyPath(), &error))
+    if (!m_settings->validateAndSetValueForKeyPath(value, row->valueKeyPath(), &error))
         qCWarning(lcSettings).noquote() << row->title() << ":" << error;
 }
 

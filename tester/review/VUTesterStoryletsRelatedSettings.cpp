@@ -37,11 +37,13 @@ TWModulePtr VUTesterStoryletsRelatedSettings::settingsControllerModule()
 {
     auto white = TWSliderRow::rowWithTitle(QStringLiteral("Placeholder White"), QStringLiteral("backgroundWhite"));
     white->minValue(0, 1)->vu_increment(0.05);
+    auto folder = TWEditStringRow::rowWithTitle(QStringLiteral("Captured Data Folder"), QStringLiteral("capturedDataFolder"));
+    folder->setRequiresText(true);
     return VUTesterPlaygroundModule(QStringLiteral("Storylets & Related"), {
         TWSection::sectionWithRows({TWEditStringRow::rowWithTitle(QStringLiteral("Title"), QStringLiteral("titleText")),
                                     TWEditStringRow::rowWithTitle(QStringLiteral("Subtitle"), QStringLiteral("subtitleText")),
                                     white,
-                                    TWEditStringRow::rowWithTitle(QStringLiteral("Captured Data Folder"), QStringLiteral("capturedDataFolder"))},
+                                    folder},
                                    QStringLiteral("Fonts Review")),
     });
 }

@@ -87,6 +87,56 @@ TEST_F(CliFixture, RefusalsExitWithStatusTwoAndChangeNothing)
                     .err.contains(QStringLiteral("expected a whole number")));
 }
 
+// Values that no row of the screen offers would leave a fill waiting forever or drawing nothing.
+TEST_F(CliFixture, KeysEditedByRowsRefuseWhatTheRowsDoNotOfferAndSayWhatTheyDo)
+{
+    const char *const refused[][2] = {
+        {"libraryFillerSettings.media", "5"},
+        {"libraryFillerSettings.media", "-1"},
+        {"libraryFillerSettings.fillDestination", "7"},
+        {"libraryFillerSettings.numberOfAssetsToAdd", "-5"},
+        {"libraryFillerSettings.aspectRatio", "0"},
+        {"libraryFillerSettings.longSide", "100000000"},
+        {"libraryFillerSettings.locationRadius", "-5"},
+        {"libraryFillerSettings.content", "3"},
+        {"tilingViewSettings.numberOfSections", "-1"},
+        {"animationsSettings.duration", "-1"},
+        {"storyletsRelatedSettings.backgroundWhite", "5"},
+        {"storyletsRelatedSettings.capturedDataFolder", ""},
+        {"stirShotViewSettings.layout", "2"},
+    };
+    for (const auto &[key, value] : refused) {
+        const CliResult result = run({QStringLiteral("settings"), QStringLiteral("set"), QString::fromLatin1(key), QString::fromLatin1(value)});
+        EXPECT_EQ(result.status, 2) << key << " " << value;
+        EXPECT_TRUE(result.err.contains(QStringLiteral(" is not "))) << result.err.toStdString();
+    }
+    EXPECT_TRUE(archive().isEmpty()) << "nothing was saved";
+    EXPECT_TRUE(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.media"), QStringLiteral("5")})
+                    .err.contains(QStringLiteral("5 is not one of 1000 (Enumerate), 1001 (Random), 0 (Photo), 1 (Video), 2 (Stir Shot)")));
+    EXPECT_TRUE(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.longSide"), QStringLiteral("100000000")})
+                    .err.contains(QStringLiteral("100000000 is not within 100 to 15000")));
+
+    for (const auto &[key, value] : {std::pair{"libraryFillerSettings.media", "1000"}, std::pair{"libraryFillerSettings.aspectRatio", "1001"},
+                                     std::pair{"libraryFillerSettings.longSide", "15000"}, std::pair{"animationsSettings.duration", "0"}})
+        EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QString::fromLatin1(key), QString::fromLatin1(value)}).status, 0) << key;
+}
+
+TEST_F(CliFixture, StoredValuesNoRowOffersAreSkippedWithAWarning)
+{
+    QDir().mkpath(QFileInfo(archivePath()).absolutePath());
+    QFile file(archivePath());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"libraryFillerSettings.media": 5, "libraryFillerSettings.longSide": 1e8, "animationsSettings.duration": 3})");
+    file.close();
+    const CliResult media = run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("libraryFillerSettings.media")});
+    EXPECT_EQ(media.status, 0);
+    EXPECT_EQ(media.out, QStringLiteral("1001\n"));
+    EXPECT_TRUE(media.err.contains(QStringLiteral("libraryFillerSettings.media")) && media.err.contains(QStringLiteral("5 is not one of"))) << media.err.toStdString();
+    EXPECT_TRUE(media.err.contains(QStringLiteral("libraryFillerSettings.longSide"))) << media.err.toStdString();
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("libraryFillerSettings.longSide")}).out, QStringLiteral("3200\n"));
+    EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("animationsSettings.duration")}).out, QStringLiteral("3\n"));
+}
+
 TEST_F(CliFixture, TextKeysStoreTextEvenWhenItLooksLikeANumber)
 {
     const char *const keys[] = {"storyletsRelatedSettings.subtitleText", "storyletsRelatedSettings.titleText", "storyletsRelatedSettings.titleFontName"};

@@ -196,6 +196,55 @@ TEST_F(TreeFixture, EveryChildModuleIsTitledByItsRowAndEndsWithRestoreDefaults)
     EXPECT_EQ(drillDowns, 27) << "every child but the sample accessory view has a row";
 }
 
+// The rows of every screen bound the values of their keys: what they offer is taken, a value past
+// a slider's bounds or beside a choice's values is not, and defaults and presets are offered ones.
+TEST_F(TreeFixture, EveryRowBoundsItsKeyAndDefaultsAndPresetsAreWithinTheRows)
+{
+    std::unique_ptr<VUTesterRootSettings> root(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    const auto expectOfferedValues = [](const TWSettings *settings) {
+        for (const TWSettings::KeyInfo &info : settings->keys()) {
+            QVariant value = settings->valueForKey(info.key);
+            QString error;
+            EXPECT_TRUE(settings->validateValue(&value, info.key, &error)) << settings->keyPath().toStdString() << "." << info.key.toStdString() << ": " << error.toStdString();
+        }
+    };
+    int bounded = 0;
+    for (TWSettings *settings : root->childSettingsList()) {
+        expectOfferedValues(settings);
+        const TWModulePtr module = settings->settingsModule();
+        for (const TWSection &section : module->sections()) {
+            for (const TWRowPtr &row : section.rows) {
+                const std::string where = (settings->keyPath() + QLatin1Char('.') + row->valueKeyPath()).toStdString();
+                QVariant inside, outside;
+                if (auto *choice = dynamic_cast<const TWChoiceRow *>(row.get())) {
+                    if (choice->values().value(0).typeId() == QMetaType::Bool)
+                        continue;
+                    for (QVariant value : choice->values())
+                        EXPECT_TRUE(settings->validateValue(&value, row->valueKeyPath())) << where << " " << value.toString().toStdString();
+                    inside = choice->values().first();
+                    outside = -1;
+                } else if (auto *slider = dynamic_cast<const TWSliderRow *>(row.get())) {
+                    inside = slider->maximum();
+                    outside = slider->maximum() + 1;
+                } else {
+                    continue;
+                }
+                ++bounded;
+                QString error;
+                EXPECT_TRUE(settings->validateValue(&inside, row->valueKeyPath(), &error)) << where << ": " << error.toStdString();
+                EXPECT_FALSE(settings->validateValue(&outside, row->valueKeyPath(), &error)) << where;
+            }
+        }
+    }
+    EXPECT_GE(bounded, 20);
+
+    VUTesterLibraryFillerSettings *filler = root->libraryFillerSettings();
+    for (const QString &preset : VUTesterLibraryFillerSettings::presetTitles()) {
+        ASSERT_TRUE(filler->applyPreset(preset));
+        expectOfferedValues(filler);
+    }
+}
+
 TEST(VUTesterLibraryFillerSettings, PossibleValuesLeaveOutTheSentinelsAndUnknownKeysGiveNothing)
 {
     QVariantList values;
