@@ -74,6 +74,18 @@ bool toInteger(const QVariant &v, qint64 min, qint64 max, qint64 *out, QString *
     return false;
 }
 
+QVariant zeroValue(TWSettings::Kind kind)
+{
+    switch (kind) {
+    case TWSettings::Kind::Bool: return false;
+    case TWSettings::Kind::Int64: case TWSettings::Kind::Int32: return QVariant::fromValue<qint64>(0);
+    case TWSettings::Kind::Double: return 0.0;
+    case TWSettings::Kind::String: return QString();
+    case TWSettings::Kind::Location: case TWSettings::Kind::Variant: case TWSettings::Kind::Child: return {};
+    }
+    return {};
+}
+
 } // namespace
 
 QVariant TWLocationValue(double latitude, double longitude)
@@ -276,6 +288,7 @@ void TWSettings::declareKey(const QString &key, Kind kind)
     auto s = std::make_unique<Slot>();
     s->key = key;
     s->kind = kind;
+    s->value = zeroValue(kind);
     m_slots.push_back(std::move(s));
 }
 
@@ -472,16 +485,9 @@ void TWSettings::setValue(const QString &key, const QVariant &value)
 
 void TWSettings::setDefaultValues()
 {
-    for (const auto &s : m_slots) {
-        switch (s->kind) {
-        case Kind::Bool: setValue(s->key, false); break;
-        case Kind::Int64: case Kind::Int32: setValue(s->key, QVariant::fromValue<qint64>(0)); break;
-        case Kind::Double: setValue(s->key, 0.0); break;
-        case Kind::String: setValue(s->key, QString()); break;
-        case Kind::Location: case Kind::Variant: setValue(s->key, QVariant()); break;
-        case Kind::Child: break;
-        }
-    }
+    for (const auto &s : m_slots)
+        if (!s->child && archiveValueForKey(s->key).isValid())
+            setValue(s->key, zeroValue(s->kind));
 }
 
 void TWSettings::restoreDefaultValuesRecursively()

@@ -56,6 +56,9 @@ public:
     virtual TWSettings *parentSettings() const;
     // Sets every option of this object (not its children) to its default. The base resets every
     // option to false, zero, an empty string or nil; subclasses call it first, then set theirs.
+    // Keys the archive leaves out (archiveValueForKey gives nothing) are run-time state that
+    // running work shows, not options: the base leaves them alone, so restoring defaults while
+    // that work runs keeps what it shows. They start at false, zero, an empty string or nil.
     virtual void setDefaultValues();
     // setDefaultValues on this object and on every object below it.
     void restoreDefaultValuesRecursively();

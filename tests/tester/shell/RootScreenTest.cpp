@@ -128,6 +128,29 @@ TEST_F(RootScreenFixture, RowsEditTheirKeysAndFollowTheirConditionsLive)
     EXPECT_FALSE(progressRow->isVisibleTo(screen));
 }
 
+// While fills run their progress row stays: restoring defaults resets options, not what running
+// work shows.
+TEST_F(RootScreenFixture, RestoringDefaultsWhileFillsRunKeepsTheProgressRow)
+{
+    window.show();
+    tap(QStringLiteral("Library Filler"));
+    auto *filler = VUTesterLibraryFillerSettings::sharedInstance();
+    filler->setLongSide(800);
+    filler->setValueForKey(true, QStringLiteral("internalCancelable"));
+    filler->setValueForKey(QStringLiteral("Progress: 40%"), QStringLiteral("internalProgressTitle"));
+    QWidget *screen = topScreen()->view();
+    QWidget *progressRow = screen->findChild<QWidget *>(QStringLiteral("row:"));
+    ASSERT_TRUE(progressRow);
+    ASSERT_TRUE(progressRow->isVisibleTo(screen));
+
+    topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("Restore Defaults")));
+    EXPECT_EQ(filler->longSide(), 3200);
+    EXPECT_TRUE(filler->internalCancelable());
+    EXPECT_EQ(filler->internalProgressTitle(), QStringLiteral("Progress: 40%"));
+    EXPECT_TRUE(progressRow->isVisibleTo(screen));
+    filler->setValueForKey(false, QStringLiteral("internalCancelable"));
+}
+
 TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
 {
     window.show();
