@@ -137,6 +137,14 @@ TEST_F(CliFixture, StoredValuesNoRowOffersAreSkippedWithAWarning)
     EXPECT_EQ(run({QStringLiteral("settings"), QStringLiteral("get"), QStringLiteral("animationsSettings.duration")}).out, QStringLiteral("3\n"));
 }
 
+TEST_F(CliFixture, ALocationSetFromTheCommandLineShowsAsSetOnTheScreen)
+{
+    const QStringList screen{QStringLiteral("screen"), QStringLiteral("libraryFillerSettings")};
+    EXPECT_TRUE(run(screen).out.contains(QStringLiteral("choice \"Location\" internalLocationIsSet = false (tap: push)")));
+    ASSERT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QStringLiteral("libraryFillerSettings.location"), QStringLiteral("46.5,6.6")}).status, 0);
+    EXPECT_TRUE(run(screen).out.contains(QStringLiteral("choice \"Location\" internalLocationIsSet = true (tap: push)")));
+}
+
 TEST_F(CliFixture, TextKeysStoreTextEvenWhenItLooksLikeANumber)
 {
     const char *const keys[] = {"storyletsRelatedSettings.subtitleText", "storyletsRelatedSettings.titleText", "storyletsRelatedSettings.titleFontName"};

@@ -293,6 +293,27 @@ TEST_F(TreeFixture, PresetsSetTheirKeysAndLeaveDestinationAndLocationAlone)
     EXPECT_FALSE(filler->location().isNull());
     EXPECT_EQ(filler->locationRadius(), 500);
     EXPECT_FALSE(filler->applyPreset(QStringLiteral("No Such Preset")));
+    filler->setLongSide(100);
+    ASSERT_TRUE(filler->applyPreset(QStringLiteral("photos for 1:1 ZOOM testing"))) << "titles match in any case";
+    EXPECT_EQ(filler->longSide(), 8000);
+}
+
+TEST_F(TreeFixture, LocationIsSetFollowsTheLocationWhateverSetsIt)
+{
+    std::unique_ptr<VUTesterRootSettings> root(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    VUTesterLibraryFillerSettings *filler = root->libraryFillerSettings();
+    EXPECT_FALSE(filler->internalLocationIsSet());
+    ASSERT_TRUE(root->validateAndSetValueForKeyPath(TWLocationValue(46.5, 6.6), QStringLiteral("libraryFillerSettings.location")));
+    EXPECT_TRUE(filler->internalLocationIsSet());
+    filler->locationDidChange(nullptr, QVariant());
+    EXPECT_FALSE(filler->internalLocationIsSet());
+    filler->setLocation(TWLocationValue(-33.9, 18.4));
+    ASSERT_TRUE(root->save());
+
+    std::unique_ptr<VUTesterRootSettings> relaunched(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    EXPECT_TRUE(relaunched->libraryFillerSettings()->internalLocationIsSet()) << "a saved location is set after a relaunch";
+    relaunched->libraryFillerSettings()->restoreDefaultValuesRecursively();
+    EXPECT_FALSE(relaunched->libraryFillerSettings()->internalLocationIsSet());
 }
 
 TEST(VUTesterExports, VersionSymbolsHaveTheirValues)
