@@ -60,12 +60,22 @@ void TWUISettingsModuleViewController::setValue(const TWRow *row, const QVariant
         qCWarning(lcSettings).noquote() << row->title() << ":" << error;
 }
 
+TWSettings *TWUISettingsModuleViewController::drillDownTarget(const TWRow *row) const
+{
+    auto *drill = dynamic_cast<const TWDrillDownRow *>(row);
+    if (!drill)
+        return nullptr;
+    // An empty key path leads nowhere: it is a row whose screen is not built, not this object.
+    TWSettings *target = drill->foreignSettings();
+    if (!target && !drill->valueKeyPath().isEmpty())
+        target = m_settings->settingsForKeyPath(drill->valueKeyPath());
+    return target && target->settingsModule() ? target : nullptr;
+}
+
 void TWUISettingsModuleViewController::tapRow(const TWRow *row)
 {
     if (row->kind() == TWRow::Kind::DrillDown && !row->rowAction()) {
-        auto *drill = static_cast<const TWDrillDownRow *>(row);
-        TWSettings *target = drill->foreignSettings() ? drill->foreignSettings() : m_settings->settingsForKeyPath(row->valueKeyPath());
-        if (target && m_settingsController)
+        if (TWSettings *target = drillDownTarget(row); target && m_settingsController)
             m_settingsController->pushModuleOfSettings(target, true);
         return;
     }

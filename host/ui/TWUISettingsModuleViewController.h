@@ -21,6 +21,8 @@ public:
     const TWModulePtr &module() const { return m_module; }
     // Performs a row as a tap on it would (tests and scripted use).
     void tapRow(const TWRow *row);
+    // The settings object whose screen a drill-down row opens; null when it leads nowhere.
+    TWSettings *drillDownTarget(const TWRow *row) const;
 
 protected:
     QWidget *loadView() override;

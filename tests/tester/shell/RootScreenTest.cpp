@@ -151,6 +151,25 @@ TEST_F(RootScreenFixture, RestoringDefaultsWhileFillsRunKeepsTheProgressRow)
     filler->setValueForKey(false, QStringLiteral("internalCancelable"));
 }
 
+// The highlight levels' and the performance tests' screens are not built yet: their rows do
+// nothing, rather than opening the screen they are on once more.
+TEST_F(RootScreenFixture, DrillDownsWithoutAScreenStayWhereTheyAre)
+{
+    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}}});
+    window.show();
+    for (const QString &screen : {QStringLiteral("Highlights"), QStringLiteral("Vexo")}) {
+        tap(screen);
+        savedSinceLastCheck();
+        const QString row = screen == QLatin1String("Highlights") ? QStringLiteral("Years") : QStringLiteral("scrollGrid");
+        topScreen()->tapRow(topScreen()->module()->rowWithTitle(row));
+        EXPECT_EQ(root->viewControllers().size(), 2) << row.toStdString();
+        EXPECT_FALSE(root->isTransitioning());
+        EXPECT_FALSE(savedSinceLastCheck()) << "nothing was pushed, so nothing was saved";
+        root->popViewControllerAnimated(false);
+    }
+    VUTesterVexoSettings::setTestDefinitions({});
+}
+
 TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
 {
     window.show();
