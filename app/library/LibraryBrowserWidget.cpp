@@ -5,6 +5,7 @@
 #include <photos/VHImageManager.h>
 #include <photos/VHPhotoLibrary.h>
 
+#include <QEvent>
 #include <QLabel>
 #include <QListView>
 #include <QLocale>
@@ -91,16 +92,20 @@ LibraryBrowserWidget::LibraryBrowserWidget(std::shared_ptr<VHPhotoLibrary> libra
             });
     connect(m_grid->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &LibraryBrowserWidget::_cancelInvisibleRequests);
+    // The cells follow the grid's own width, which also changes when its scroll bar comes or goes
+    // and when a hidden tab is first shown, not only when this widget is resized.
+    m_grid->viewport()->installEventFilter(this);
     _updateCellSize();
     _updateSummary();
 }
 
 LibraryBrowserWidget::~LibraryBrowserWidget() = default;
 
-void LibraryBrowserWidget::resizeEvent(QResizeEvent *event)
+bool LibraryBrowserWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    QWidget::resizeEvent(event);
-    _updateCellSize();
+    if (watched == m_grid->viewport() && event->type() == QEvent::Resize)
+        _updateCellSize();
+    return QWidget::eventFilter(watched, event);
 }
 
 void LibraryBrowserWidget::_reload()

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QListView>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -121,6 +122,37 @@ TEST_F(LibraryBrowserWidgetTest, ScrollingAwayCancelsRequestsThatHaveNotArrived)
     spinUntil([] { return false; }, 300);
     for (int row = kAssets - 8; row < kAssets; ++row)
         EXPECT_FALSE(model->hasThumbnail(row)) << row;
+}
+
+// Whole columns of equal cells span the grid's width at any window size, also when the grid is
+// on a tab that is shown only after the window was resized.
+TEST_F(LibraryBrowserWidgetTest, ColumnsFillTheWidthAtAnyWindowSize)
+{
+    QTabWidget window;
+    window.addTab(new QWidget, QStringLiteral("Tester"));
+    auto *browser = new LibraryBrowserWidget(m_library, nullptr, &m_manager);
+    window.addTab(browser, QStringLiteral("Library"));
+    window.resize(390, 844);
+    window.show();
+    const auto expectFilled = [&](const char *when) {
+        QApplication::processEvents();
+        const QListView *grid = browser->gridView();
+        const int width = grid->viewport()->width();
+        const int cell = grid->gridSize().width();
+        const int columns = width / cell;
+        EXPECT_GE(columns, 2) << when;
+        EXPECT_LE(width - columns * cell, columns) << when << ": " << columns << " columns of " << cell << " in " << width;
+    };
+    window.setCurrentIndex(1);
+    expectFilled("shown");
+    for (int width : {375, 600, 1024, 320, 375}) {
+        window.resize(width, 700);
+        expectFilled("resized");
+    }
+    window.setCurrentIndex(0);
+    window.resize(500, 700);
+    window.setCurrentIndex(1);
+    expectFilled("resized while hidden");
 }
 
 TEST_F(LibraryBrowserWidgetTest, FollowsTheLibraryAsAssetsArrive)
