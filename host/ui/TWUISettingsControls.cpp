@@ -90,6 +90,8 @@ TWUISettingsTextField::TWUISettingsTextField(QWidget *parent) : QLineEdit(parent
 {
     setFrame(false);
     setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    // Flush with the values of other rows: a field keeps a small inner margin of its own.
+    setTextMargins(0, 0, -3, 0);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     applyAppearance();
 }
