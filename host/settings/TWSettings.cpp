@@ -8,6 +8,7 @@
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -414,16 +415,19 @@ QVariant TWSettings::valueForKeyPath(const QString &keyPath) const
     return node ? node->valueForKey(key) : QVariant();
 }
 
+TWSettings *TWSettings::ownerOfKeyPath(const QString &keyPath, QString *key, QString *error)
+{
+    TWSettings *node = resolveKeyPath(keyPath, key);
+    if (!node && error)
+        *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
+    return node;
+}
+
 bool TWSettings::setValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error)
 {
     QString key;
-    TWSettings *node = resolveKeyPath(keyPath, &key);
-    if (!node) {
-        if (error)
-            *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
-        return false;
-    }
-    return node->setValueForKey(value, key, error);
+    TWSettings *node = ownerOfKeyPath(keyPath, &key, error);
+    return node && node->setValueForKey(value, key, error);
 }
 
 bool TWSettings::validateValue(QVariant *value, const QString &key, QString *error) const
@@ -441,15 +445,10 @@ bool TWSettings::validateValue(QVariant *value, const QString &key, QString *err
         return false;
     const std::shared_ptr<TWModule> module = settingsModule();
     const std::vector<const TWRow *> rows = module ? module->rowsEditingKeyPath(key) : std::vector<const TWRow *>();
-    QStringList offered;
-    for (const TWRow *row : rows) {
-        if (row->offersValue(converted)) {
-            offered.clear();
-            break;
-        }
-        offered << row->offeredValuesText();
-    }
-    if (!offered.isEmpty()) {
+    if (!rows.empty() && std::none_of(rows.begin(), rows.end(), [&](const TWRow *row) { return row->offersValue(converted); })) {
+        QStringList offered;
+        for (const TWRow *row : rows)
+            offered << row->offeredValuesText();
         const QString shown = converted.typeId() == QMetaType::QString ? QStringLiteral("\"%1\"").arg(converted.toString()) : TWSettingValueText(converted);
         *error = QStringLiteral("%1 is not %2").arg(shown, offered.join(QStringLiteral(" or ")));
         return false;
@@ -461,12 +460,9 @@ bool TWSettings::validateValue(QVariant *value, const QString &key, QString *err
 bool TWSettings::validateAndSetValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error)
 {
     QString key;
-    TWSettings *node = resolveKeyPath(keyPath, &key);
-    if (!node) {
-        if (error)
-            *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
+    TWSettings *node = ownerOfKeyPath(keyPath, &key, error);
+    if (!node)
         return false;
-    }
     QVariant validated = value;
     return node->validateValue(&validated, key, error) && node->setValueForKey(validated, key, error);
 }

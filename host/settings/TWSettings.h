@@ -123,6 +123,8 @@ private:
     const Slot *slot(const QString &key) const;
     Slot *slot(const QString &key);
     void loadArchive();
+    // resolveKeyPath, with a message when the path leads nowhere.
+    TWSettings *ownerOfKeyPath(const QString &keyPath, QString *key, QString *error);
     void collectArchive(const QString &prefix, QJsonObject *archive) const;
 
     std::vector<KeyInfo> m_keys;

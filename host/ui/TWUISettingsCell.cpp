@@ -73,18 +73,18 @@ void TWUISettingsCell::setTappable(bool tappable)
 
 void TWUISettingsCell::setTrailingControl(QWidget *control)
 {
-    delete m_trailing;
-    m_trailing = control;
-    if (control)
-        control->setParent(this);
-    updateGeometry();
-    updateLayout();
+    replaceControl(&m_trailing, control);
 }
 
 void TWUISettingsCell::setBottomControl(QWidget *control)
 {
-    delete m_bottom;
-    m_bottom = control;
+    replaceControl(&m_bottom, control);
+}
+
+void TWUISettingsCell::replaceControl(QWidget **slot, QWidget *control)
+{
+    delete *slot;
+    *slot = control;
     if (control)
         control->setParent(this);
     updateGeometry();

@@ -51,6 +51,7 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void replaceControl(QWidget **slot, QWidget *control);
     void updateLayout();
     int accessoryWidth() const;
     // The height of the line with the title: the whole row unless a control sits below it.
