@@ -1,0 +1,64 @@
+#include "VXPerfFrameRecorder.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QWidget>
+
+namespace {
+
+// Work is real time even when frames are stepped.
+double workClock()
+{
+    static QElapsedTimer clock = [] {
+        QElapsedTimer timer;
+        timer.start();
+        return timer;
+    }();
+    return double(clock.nsecsElapsed()) * 1e-9;
+}
+
+} // namespace
+
+VXPerfFrameRecorder::VXPerfFrameRecorder(QWidget *view, QObject *parent)
+    : QObject(parent), m_view(view), m_link([](ui::DisplayLink &) {})
+{
+}
+
+VXPerfFrameRecorder::~VXPerfFrameRecorder()
+{
+    stop();
+}
+
+void VXPerfFrameRecorder::start()
+{
+    if (m_recording)
+        return;
+    m_recording = true;
+    ui::DisplayLink::addFrameObserver(this);
+    m_link.schedule(m_view);
+    m_link.setPaused(false);
+}
+
+void VXPerfFrameRecorder::stop()
+{
+    if (!m_recording)
+        return;
+    m_recording = false;
+    ui::DisplayLink::removeFrameObserver(this);
+    m_link.setPaused(true);
+}
+
+void VXPerfFrameRecorder::frameWillBegin(double, double)
+{
+    m_frameStart = workClock();
+}
+
+void VXPerfFrameRecorder::frameDidEnd(double timestamp, double duration)
+{
+    QCoreApplication::sendPostedEvents();
+    m_work.push_back(workClock() - m_frameStart);
+    m_timestamps.push_back(timestamp);
+    m_refreshInterval = duration;
+    m_peakWidgets = std::max<qint64>(m_peakWidgets, QApplication::allWidgets().size());
+    Q_EMIT frameRecorded();
+}
