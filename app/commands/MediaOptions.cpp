@@ -39,7 +39,7 @@ bool parseNumberOption(const QString &option, const QString &text, double minimu
     return true;
 }
 
-int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments)
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments, int maxPositional)
 {
     const QString name = QString::fromLatin1(command);
     if (!parser.parse(QStringList{name} + arguments))
@@ -50,8 +50,8 @@ int parseCommandArguments(QCommandLineParser &parser, const char *command, const
         QTextStream(stdout) << parser.helpText().replace(program, QStringLiteral("Usage: vistra-tester ") + name);
         return ExitOk;
     }
-    if (!parser.positionalArguments().isEmpty())
-        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (parser.positionalArguments().size() > maxPositional)
+        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().value(maxPositional)));
     return -1;
 }
 

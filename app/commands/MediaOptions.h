@@ -14,8 +14,9 @@ bool parseSizeOption(const QString &text, QSizeF *size, QString *message);
 // A finite number above `minimum`, or equal to it too when `inclusive`.
 bool parseNumberOption(const QString &option, const QString &text, double minimum, bool inclusive, double *value, QString *message);
 
-// Parses the command's arguments; prints the help when asked. Returns -1 to go on, or the exit
-// status to end with (help shown, or a usage error reported).
-int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments);
+// Parses the command's arguments, of which at most `maxPositional` may be plain words; prints the
+// help when asked. Returns -1 to go on, or the exit status to end with (help shown, or a usage
+// error reported).
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments, int maxPositional = 0);
 
 } // namespace app
