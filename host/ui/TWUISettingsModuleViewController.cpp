@@ -39,6 +39,12 @@ struct SliderScale {
     int positionOf(double value) const { return step > 0 ? int(std::lround((value - min) / step)) : 0; }
 };
 
+// Rows with an action of their own (a choice that opens a picker screen) are tapped as a whole.
+bool isTappable(const TWRow &row)
+{
+    return row.kind() == TWRow::Kind::Button || row.kind() == TWRow::Kind::DrillDown || row.rowAction();
+}
+
 QString numberText(double value)
 {
     return QString::number(value, 'g', 10);
@@ -71,6 +77,22 @@ void TWUISettingsModuleViewController::tapRow(const TWRow *row)
     }
     if (row->rowAction())
         row->rowAction()->perform({m_settings, this, const_cast<TWRow *>(row)});
+}
+
+QList<ui::TappableRow> TWUISettingsModuleViewController::tappableRows()
+{
+    QList<ui::TappableRow> rows;
+    if (!m_module)
+        return rows;
+    for (const TWSection &section : m_module->sections()) {
+        if (!section.isVisible(m_settings))
+            continue;
+        for (const TWRowPtr &row : section.rows) {
+            if (isTappable(*row) && row->isVisible(m_settings))
+                rows.append({section.title, row->displayTitle(m_settings), [this, row = row.get()] { tapRow(row); }});
+        }
+    }
+    return rows;
 }
 
 QWidget *TWUISettingsModuleViewController::loadView()
@@ -119,9 +141,7 @@ QWidget *TWUISettingsModuleViewController::makeRowWidget(const TWRowPtr &rowPtr)
         line->addWidget(binding.titleLabel, 1);
     };
 
-    // Rows with an action of their own (a choice that opens a picker screen) are tapped as a whole.
-    const bool tappable = row->kind() == TWRow::Kind::Button || row->kind() == TWRow::Kind::DrillDown || row->rowAction();
-    if (tappable) {
+    if (isTappable(*row)) {
         auto *button = new QPushButton;
         button->setObjectName(row->title());
         button->setFlat(true);

@@ -4,6 +4,7 @@
 
 #include "settings/TWModule.h"
 
+#include "ui/TappableRows.h"
 #include "ui/ViewController.h"
 
 #include <QHash>
@@ -12,7 +13,7 @@ class QLabel;
 class TWSettings;
 class TWUISettingsController;
 
-class TWUISettingsModuleViewController : public ui::ViewController {
+class TWUISettingsModuleViewController : public ui::ViewController, public ui::TappableRows {
     Q_OBJECT
 public:
     TWUISettingsModuleViewController(TWSettings *settings, TWModulePtr module, TWUISettingsController *settingsController);
@@ -21,6 +22,8 @@ public:
     const TWModulePtr &module() const { return m_module; }
     // Performs a row as a tap on it would (tests and scripted use).
     void tapRow(const TWRow *row);
+    // The visible buttons and drill-downs: the rows a tap acts on.
+    QList<ui::TappableRow> tappableRows() override;
 
 protected:
     QWidget *loadView() override;

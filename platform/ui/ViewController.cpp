@@ -2,6 +2,7 @@
 
 #include "BarButtonItem.h"
 #include "NavigationController.h"
+#include "Settle.h"
 
 #include <QEvent>
 #include <QPropertyAnimation>
@@ -188,6 +189,7 @@ void ViewController::presentViewController(ViewController *controller, bool anim
     animation->setEndValue(QPoint(0, 0));
     animation->setEasingCurve(QEasingCurve::OutCubic);
     QObject::connect(animation, &QPropertyAnimation::finished, this, finish);
+    Settle::track(animation, QStringLiteral("presentation of \"%1\"").arg(controller->title()));
     animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
@@ -215,6 +217,7 @@ void ViewController::dismissViewControllerAnimated(bool animated, std::function<
     QObject::connect(animation, &QPropertyAnimation::finished, this, [this, completion = std::move(completion)]() mutable {
         finishDismissal(std::move(completion));
     });
+    Settle::track(animation, QStringLiteral("dismissal of \"%1\"").arg(presented->title()));
     animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 

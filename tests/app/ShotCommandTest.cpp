@@ -1,0 +1,109 @@
+#include "QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ShotResult {
+    int status;
+    QString err;
+};
+
+struct ShotFixture : ::testing::Test {
+    QTemporaryDir home;
+
+    ShotResult shot(const QStringList &arguments)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "TMPDIR"})
+            environment.insert(QString::fromLatin1(variable), home.filePath(QString::fromLatin1(variable)));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral(VISTRA_TESTER_PATH), QStringList{QStringLiteral("shot")} + arguments);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
+    }
+    QString file(const char *name) const { return home.filePath(QString::fromLatin1(name)); }
+};
+
+// Pixels clearly darker than the light window background, such as those of text.
+int darkPixels(const QImage &image, const QRect &rect)
+{
+    int count = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y)
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            count += qGray(image.pixel(x, y)) < 110;
+    return count;
+}
+
+// The left end of the navigation bar, below the tabs: the back button's place.
+const QRect kBackButtonArea(0, 28, 120, 26);
+
+} // namespace
+
+TEST_F(ShotFixture, PicturesTheRootAndAScreenReachedByTitles)
+{
+    ASSERT_EQ(shot({QStringLiteral(""), QStringLiteral("-o"), file("root.png"), QStringLiteral("--size"), QStringLiteral("360x640")}).status, 0);
+    const QImage root(file("root.png"));
+    ASSERT_FALSE(root.isNull());
+    EXPECT_EQ(root.size(), QSize(360, 640));
+    EXPECT_EQ(darkPixels(root, kBackButtonArea), 0) << "the root screen has nowhere to go back to";
+    EXPECT_GT(darkPixels(root, QRect(0, 60, 360, 580)), 500) << "its rows are drawn";
+
+    // A section title first only says where the row is.
+    ASSERT_EQ(shot({QStringLiteral("Utilities/Library Filler"), QStringLiteral("-o"), file("filler.png")}).status, 0);
+    const QImage filler(file("filler.png"));
+    EXPECT_EQ(filler.size(), QSize(390, 844)) << "the window's own size by default";
+    EXPECT_GT(darkPixels(filler, kBackButtonArea), 30) << "the pushed screen shows its back button, and the push has ended";
+}
+
+TEST_F(ShotFixture, UnknownTitleExitsTwoNamingTheRowsThere)
+{
+    const ShotResult result = shot({QStringLiteral("Utilities/Library Filler/Fill Everything"), QStringLiteral("-o"), file("x.png")});
+    EXPECT_EQ(result.status, 2);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("no row 'Fill Everything' in \"Library Filler\" (reached by 'Utilities/Library Filler')")))
+        << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("\"Fill Library\", \"Presets/Random Assets\""))) << result.err.toStdString();
+    EXPECT_FALSE(QFile::exists(file("x.png")));
+
+    const ShotResult inSection = shot({QStringLiteral("Utilities/Highlights"), QStringLiteral("-o"), file("x.png")});
+    EXPECT_EQ(inSection.status, 2);
+    EXPECT_TRUE(inSection.err.endsWith(QStringLiteral("the rows there: \"Utilities/Request Access\", \"Utilities/Library Filler\", \"Utilities/Vexo\"\n")))
+        << inSection.err.toStdString();
+}
+
+TEST_F(ShotFixture, RefusesBadArgumentsBeforeAnyWork)
+{
+    QFile existing(file("kept.png"));
+    ASSERT_TRUE(existing.open(QIODevice::WriteOnly));
+    existing.write("mine");
+    existing.close();
+    const QList<QStringList> refused{
+        {QStringLiteral(""), QStringLiteral("-o"), file("kept.png")},
+        {QStringLiteral(""), QStringLiteral("-o"), file("x.jpg")},
+        {QStringLiteral(""), QStringLiteral("-o"), file("missing/x.png")},
+        {QStringLiteral(""), QStringLiteral("-o"), file("x.png"), QStringLiteral("--size"), QStringLiteral("20x20")},
+        {QStringLiteral(""), QStringLiteral("-o"), file("x.png"), QStringLiteral("--size"), QStringLiteral("wide")},
+        {QStringLiteral("Utilities//Vexo"), QStringLiteral("-o"), file("x.png")},
+        {QStringLiteral("Utilities")},
+    };
+    for (const QStringList &arguments : refused) {
+        const ShotResult result = shot(arguments);
+        EXPECT_EQ(result.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_TRUE(result.err.startsWith(QStringLiteral("vistra-tester shot: "))) << result.err.toStdString();
+    }
+    ASSERT_TRUE(existing.open(QIODevice::ReadOnly));
+    EXPECT_EQ(existing.readAll(), "mine");
+    EXPECT_EQ(QDir(home.path()).entryList({QStringLiteral("x.*")}), QStringList());
+    EXPECT_FALSE(QDir(file("XDG_CONFIG_HOME")).exists()) << "nothing started: not even the settings were saved";
+
+    ASSERT_EQ(shot({QStringLiteral(""), QStringLiteral("-o"), file("kept.png"), QStringLiteral("--force")}).status, 0);
+    EXPECT_FALSE(QImage(file("kept.png")).isNull());
+}
