@@ -4,13 +4,13 @@
 
 #include "VUDisplayAsset.h"
 #include "VUDisplayAssetCollection.h"
-#include "VUIndexPath.h"
+#include "ui/IndexPath.h"
 
 #include <optional>
 
 class VUAssetReference {
 public:
-    VUAssetReference(VUDisplayAssetPtr asset, VUDisplayAssetCollectionPtr assetCollection, std::optional<VUIndexPath> indexPath,
+    VUAssetReference(VUDisplayAssetPtr asset, VUDisplayAssetCollectionPtr assetCollection, std::optional<ui::IndexPath> indexPath,
                      quint64 dataSourceIdentifier)
         : m_asset(std::move(asset))
         , m_assetCollection(std::move(assetCollection))
@@ -22,13 +22,13 @@ public:
     const VUDisplayAssetPtr &asset() const { return m_asset; }
     const VUDisplayAssetCollectionPtr &assetCollection() const { return m_assetCollection; }
     // None when the reference was made without a place.
-    const std::optional<VUIndexPath> &indexPath() const { return m_indexPath; }
+    const std::optional<ui::IndexPath> &indexPath() const { return m_indexPath; }
     quint64 dataSourceIdentifier() const { return m_dataSourceIdentifier; }
 
 private:
     VUDisplayAssetPtr m_asset;
     VUDisplayAssetCollectionPtr m_assetCollection;
-    std::optional<VUIndexPath> m_indexPath;
+    std::optional<ui::IndexPath> m_indexPath;
     quint64 m_dataSourceIdentifier;
 };
 

@@ -18,16 +18,16 @@ public:
     quint64 identifier() const { return m_identifier; }
 
     // Of () the number of sections, of (s) the number of items in section s; 0 below that.
-    virtual quint64 numberOfSubItemsAtIndexPath(const VUIndexPath &indexPath) const = 0;
-    virtual VUAssetReferencePtr assetReferenceAtIndexPath(const VUIndexPath &indexPath) const = 0;
+    virtual quint64 numberOfSubItemsAtIndexPath(const ui::IndexPath &indexPath) const = 0;
+    virtual VUAssetReferencePtr assetReferenceAtIndexPath(const ui::IndexPath &indexPath) const = 0;
     // Where the referenced asset stands in this data source; none when it is not here or for no
     // reference.
-    virtual std::optional<VUIndexPath> indexPathForAssetReference(const VUAssetReference *assetReference) const = 0;
+    virtual std::optional<ui::IndexPath> indexPathForAssetReference(const VUAssetReference *assetReference) const = 0;
 
     // Edits a data source that supports them; a snapshot that does not ignores them.
-    virtual void addItem(const QVariant &item, const VUIndexPath &indexPath) = 0;
-    virtual void removeItemAtIndexPath(const VUIndexPath &indexPath) = 0;
-    virtual void moveItemFromIndexPath(const VUIndexPath &fromIndexPath, const VUIndexPath &toIndexPath) = 0;
+    virtual void addItem(const QVariant &item, const ui::IndexPath &indexPath) = 0;
+    virtual void removeItemAtIndexPath(const ui::IndexPath &indexPath) = 0;
+    virtual void moveItemFromIndexPath(const ui::IndexPath &fromIndexPath, const ui::IndexPath &toIndexPath) = 0;
 
     qint64 numberOfSections() const { return qint64(numberOfSubItemsAtIndexPath({})); }
     qint64 numberOfItemsInSection(qint64 section) const { return qint64(numberOfSubItemsAtIndexPath({section})); }

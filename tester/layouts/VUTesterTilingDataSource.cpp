@@ -28,12 +28,12 @@ VUTesterTilingDataSource::SectionedItems VUTesterTilingDataSource::randomSection
     return sections;
 }
 
-QVariant VUTesterTilingDataSource::itemAtIndexPath(const VUIndexPath &indexPath) const
+QVariant VUTesterTilingDataSource::itemAtIndexPath(const ui::IndexPath &indexPath) const
 {
     return _sectionedItems.at(size_t(indexPath.section())).at(size_t(indexPath.item()));
 }
 
-quint64 VUTesterTilingDataSource::numberOfSubItemsAtIndexPath(const VUIndexPath &indexPath) const
+quint64 VUTesterTilingDataSource::numberOfSubItemsAtIndexPath(const ui::IndexPath &indexPath) const
 {
     switch (indexPath.length()) {
     case 0:
@@ -45,19 +45,19 @@ quint64 VUTesterTilingDataSource::numberOfSubItemsAtIndexPath(const VUIndexPath 
     }
 }
 
-VUAssetReferencePtr VUTesterTilingDataSource::assetReferenceAtIndexPath(const VUIndexPath &indexPath) const
+VUAssetReferencePtr VUTesterTilingDataSource::assetReferenceAtIndexPath(const ui::IndexPath &indexPath) const
 {
     return std::make_shared<VUAssetReference>(std::make_shared<VUTesterAsset>(itemAtIndexPath(indexPath)),
                                               std::make_shared<VUTesterAssetCollection>(), indexPath, identifier());
 }
 
-bool VUTesterTilingDataSource::_holdsItemAtIndexPath(const VUIndexPath &indexPath) const
+bool VUTesterTilingDataSource::_holdsItemAtIndexPath(const ui::IndexPath &indexPath) const
 {
     return indexPath.length() == 2 && indexPath.section() >= 0 && quint64(indexPath.section()) < _sectionedItems.size()
         && indexPath.item() >= 0 && quint64(indexPath.item()) < _sectionedItems[size_t(indexPath.section())].size();
 }
 
-std::optional<VUIndexPath> VUTesterTilingDataSource::indexPathForAssetReference(const VUAssetReference *assetReference) const
+std::optional<ui::IndexPath> VUTesterTilingDataSource::indexPathForAssetReference(const VUAssetReference *assetReference) const
 {
     if (!assetReference)
         return std::nullopt;
@@ -67,7 +67,7 @@ std::optional<VUIndexPath> VUTesterTilingDataSource::indexPathForAssetReference(
     const auto *asset = dynamic_cast<const VUTesterAsset *>(assetReference->asset().get());
     const QVariant wanted = asset ? asset->item() : QVariant();
     // Most items stay where they were: try the old place before searching.
-    if (const std::optional<VUIndexPath> &old = assetReference->indexPath(); old && _holdsItemAtIndexPath(*old)) {
+    if (const std::optional<ui::IndexPath> &old = assetReference->indexPath(); old && _holdsItemAtIndexPath(*old)) {
         const QVariant &found = _sectionedItems[size_t(old->section())][size_t(old->item())];
         const bool sameItem = !found.isValid() && !wanted.isValid(); // no item is no item
         if (sameItem || VUTesterItemIsEqual(found, wanted))
@@ -77,7 +77,7 @@ std::optional<VUIndexPath> VUTesterTilingDataSource::indexPathForAssetReference(
         const std::vector<QVariant> &items = _sectionedItems[section];
         const auto match = std::find_if(items.begin(), items.end(), [&](const QVariant &item) { return VUTesterItemIsEqual(item, wanted); });
         if (match != items.end())
-            return VUIndexPath::indexPathForItem(match - items.begin(), qint64(section));
+            return ui::IndexPath::forItem(match - items.begin(), qint64(section));
     }
     return std::nullopt;
 }

@@ -25,23 +25,23 @@ public:
     static quint64 numberOfRandomItemsInSection(quint64 section) { return (section * (section % 7) * 747) % 23 + 3; }
 
     // Out-of-range paths are programming errors: they throw std::out_of_range.
-    QVariant itemAtIndexPath(const VUIndexPath &indexPath) const;
+    QVariant itemAtIndexPath(const ui::IndexPath &indexPath) const;
 
-    quint64 numberOfSubItemsAtIndexPath(const VUIndexPath &indexPath) const override;
+    quint64 numberOfSubItemsAtIndexPath(const ui::IndexPath &indexPath) const override;
     // A new asset and collection each time; assets are equal when their items are.
-    VUAssetReferencePtr assetReferenceAtIndexPath(const VUIndexPath &indexPath) const override;
+    VUAssetReferencePtr assetReferenceAtIndexPath(const ui::IndexPath &indexPath) const override;
     // A reference of this data source keeps its own path, unchecked. One of another data source is
     // looked for by its asset's item: first at its old path, then in section order, the lowest
     // index of the first section holding an equal item.
-    std::optional<VUIndexPath> indexPathForAssetReference(const VUAssetReference *assetReference) const override;
+    std::optional<ui::IndexPath> indexPathForAssetReference(const VUAssetReference *assetReference) const override;
 
     // The content never changes; these do nothing.
-    void addItem(const QVariant &, const VUIndexPath &) override {}
-    void removeItemAtIndexPath(const VUIndexPath &) override {}
-    void moveItemFromIndexPath(const VUIndexPath &, const VUIndexPath &) override {}
+    void addItem(const QVariant &, const ui::IndexPath &) override {}
+    void removeItemAtIndexPath(const ui::IndexPath &) override {}
+    void moveItemFromIndexPath(const ui::IndexPath &, const ui::IndexPath &) override {}
 
 private:
-    bool _holdsItemAtIndexPath(const VUIndexPath &indexPath) const;
+    bool _holdsItemAtIndexPath(const ui::IndexPath &indexPath) const;
 
     SectionedItems _sectionedItems;
 };

@@ -31,7 +31,7 @@ VUTesterTilingDataSource::SectionedItems strings(std::initializer_list<std::init
     return result;
 }
 
-VUAssetReference foreignReference(QVariant wanted, std::optional<VUIndexPath> path)
+VUAssetReference foreignReference(QVariant wanted, std::optional<ui::IndexPath> path)
 {
     VUTesterTilingDataSource older;
     return VUAssetReference(std::make_shared<VUTesterAsset>(std::move(wanted)), std::make_shared<VUTesterAssetCollection>(), std::move(path),
@@ -96,7 +96,7 @@ TEST(TilingDataSource, ReferencesCarryANewAssetThePathAndTheIdentifier)
     const VUAssetReferencePtr first = source.assetReferenceAtIndexPath({0, 1});
     const VUAssetReferencePtr second = source.assetReferenceAtIndexPath({0, 1});
     EXPECT_EQ(first->dataSourceIdentifier(), source.identifier());
-    EXPECT_EQ(first->indexPath(), (VUIndexPath{0, 1}));
+    EXPECT_EQ(first->indexPath(), (ui::IndexPath{0, 1}));
     EXPECT_NE(first->asset(), second->asset()) << "made anew on every call";
     EXPECT_TRUE(first->asset()->isEqual(second->asset().get()));
     EXPECT_EQ(static_cast<const VUTesterAsset &>(*first->asset()).item(), item("b"));
@@ -109,26 +109,26 @@ TEST(TilingDataSource, FindsReferencesOfItsOwnAndOfOlderDataSources)
     EXPECT_EQ(source.indexPathForAssetReference(nullptr), std::nullopt);
 
     // Its own references are answered with their path, which is not checked.
-    const VUAssetReference own(std::make_shared<VUTesterAsset>(item("gone")), std::make_shared<VUTesterAssetCollection>(), VUIndexPath{9, 9},
+    const VUAssetReference own(std::make_shared<VUTesterAsset>(item("gone")), std::make_shared<VUTesterAssetCollection>(), ui::IndexPath{9, 9},
                                source.identifier());
-    EXPECT_EQ(source.indexPathForAssetReference(&own), (VUIndexPath{9, 9}));
+    EXPECT_EQ(source.indexPathForAssetReference(&own), (ui::IndexPath{9, 9}));
 
     // The old path still holds an equal item: kept, though a search would find an earlier one.
-    const VUAssetReference stayed = foreignReference(item("a"), VUIndexPath{1, 0});
-    EXPECT_EQ(source.indexPathForAssetReference(&stayed), (VUIndexPath{1, 0}));
+    const VUAssetReference stayed = foreignReference(item("a"), ui::IndexPath{1, 0});
+    EXPECT_EQ(source.indexPathForAssetReference(&stayed), (ui::IndexPath{1, 0}));
 
     // Otherwise the first section with the item wins, and in it the lowest index.
-    for (const std::optional<VUIndexPath> &old : {std::optional<VUIndexPath>(VUIndexPath{1, 1}), std::optional<VUIndexPath>(VUIndexPath{5, 0}),
-                                                  std::optional<VUIndexPath>(VUIndexPath{0}), std::optional<VUIndexPath>()}) {
+    for (const std::optional<ui::IndexPath> &old : {std::optional<ui::IndexPath>(ui::IndexPath{1, 1}), std::optional<ui::IndexPath>(ui::IndexPath{5, 0}),
+                                                  std::optional<ui::IndexPath>(ui::IndexPath{0}), std::optional<ui::IndexPath>()}) {
         const VUAssetReference moved = foreignReference(item("a"), old);
-        EXPECT_EQ(source.indexPathForAssetReference(&moved), (VUIndexPath{0, 1})) << (old ? old->length() : -1);
+        EXPECT_EQ(source.indexPathForAssetReference(&moved), (ui::IndexPath{0, 1})) << (old ? old->length() : -1);
     }
-    const VUAssetReference later = foreignReference(item("y"), VUIndexPath{0, 0});
-    EXPECT_EQ(source.indexPathForAssetReference(&later), (VUIndexPath{1, 1}));
+    const VUAssetReference later = foreignReference(item("y"), ui::IndexPath{0, 0});
+    EXPECT_EQ(source.indexPathForAssetReference(&later), (ui::IndexPath{1, 1}));
 
-    const VUAssetReference missing = foreignReference(item("z"), VUIndexPath{0, 0});
+    const VUAssetReference missing = foreignReference(item("z"), ui::IndexPath{0, 0});
     EXPECT_EQ(source.indexPathForAssetReference(&missing), std::nullopt);
-    const VUAssetReference noItem = foreignReference(QVariant(), VUIndexPath{7, 0});
+    const VUAssetReference noItem = foreignReference(QVariant(), ui::IndexPath{7, 0});
     EXPECT_EQ(source.indexPathForAssetReference(&noItem), std::nullopt) << "no item is equal to nothing";
 }
 
@@ -213,7 +213,7 @@ TEST(TesterBrowsingSession, WiresASyntheticSession)
 
     // The other session's data source finds this one's references by their items.
     const VUAssetReferencePtr reference = source->assetReferenceAtIndexPath({20, 5});
-    EXPECT_EQ(again->dataSourceManager()->assetsDataSource()->indexPathForAssetReference(reference.get()), (VUIndexPath{20, 5}));
+    EXPECT_EQ(again->dataSourceManager()->assetsDataSource()->indexPathForAssetReference(reference.get()), (ui::IndexPath{20, 5}));
 }
 
 TEST(DataSourceManager, AnnouncesOnlyRealChanges)
