@@ -75,6 +75,10 @@ ViewController::ViewController(QObject *parent) : QObject(parent) {}
 // The controller owns its view wherever the view is placed.
 ViewController::~ViewController()
 {
+    // Child controllers (pushed, presented) go first, while their views, inside this one's, still
+    // exist: a controller may let go of what its view holds as it goes.
+    for (ViewController *child : findChildren<ViewController *>(Qt::FindDirectChildrenOnly))
+        delete child;
     delete m_view.data();
 }
 

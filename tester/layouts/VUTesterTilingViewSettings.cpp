@@ -1,5 +1,6 @@
 #include "layouts/VUTesterTilingViewSettings.h"
 
+#include "layouts/VUTesterTilingControllerNullGridViewController.h"
 #include "playgrounds/tiling/VUTesterTilingViewPlaygroundViewController.h"
 #include "playgrounds/tiling/VUTesterTilingViewTransitionPlaygroundViewController.h"
 
@@ -23,6 +24,8 @@ TWModulePtr VUTesterTilingViewSettings::settingsControllerModule()
         {TWSection::sectionWithRows({
              playgroundRow(QStringLiteral("Test Tiling View"), [] { return new VUTesterTilingViewPlaygroundViewController; }),
              playgroundRow(QStringLiteral("Test Tiling View Transition"), [] { return new VUTesterTilingViewTransitionPlaygroundViewController; }),
+             // The tiling machinery alone, with bare tiles, to compare the grid with.
+             playgroundRow(QStringLiteral("Test Null Grid"), [] { return new VUTesterTilingControllerNullGridViewController; }),
          }),
          TWSection::sectionWithRows({sections}, QStringLiteral("Data Source")), restoreDefaultsSection()});
 }
