@@ -43,6 +43,20 @@ int darkPixels(const QImage &image, const QRect &rect)
     return count;
 }
 
+// The first row of column x where a placeholder card's light grey starts (ten rows of it, so not
+// a line), or -1.
+int firstCardRow(const QImage &image, int x)
+{
+    int run = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const QRgb pixel = image.pixel(x, y);
+        run = std::abs(qGray(pixel) - 170) <= 3 && qRed(pixel) == qBlue(pixel) ? run + 1 : 0;
+        if (run == 10)
+            return y - 9;
+    }
+    return -1;
+}
+
 // The left end of the navigation bar, below the tabs: the back button's place.
 const QRect kBackButtonArea(0, 28, 120, 26);
 
@@ -57,11 +71,19 @@ TEST_F(ShotFixture, PicturesTheRootAndAScreenReachedByTitles)
     EXPECT_EQ(darkPixels(root, kBackButtonArea), 0) << "the root screen has nowhere to go back to";
     EXPECT_GT(darkPixels(root, QRect(0, 60, 360, 580)), 500) << "its rows are drawn";
 
-    // A section title first only says where the row is.
-    ASSERT_EQ(shot({QStringLiteral("Utilities/Library Filler"), QStringLiteral("-o"), file("filler.png")}).status, 0);
-    const QImage filler(file("filler.png"));
-    EXPECT_EQ(filler.size(), QSize(390, 844)) << "the window's own size by default";
-    EXPECT_GT(darkPixels(filler, kBackButtonArea), 30) << "the pushed screen shows its back button, and the push has ended";
+    // A section title first only says where the row is; the tiling view's grid comes after a push.
+    ASSERT_EQ(shot({QStringLiteral("Playgrounds/Tiling View/Test Tiling View"), QStringLiteral("-o"), file("grid.png")}).status, 0);
+    const QImage grid(file("grid.png"));
+    EXPECT_EQ(grid.size(), QSize(390, 844)) << "the window's own size by default";
+    EXPECT_GT(darkPixels(grid, kBackButtonArea), 30) << "the pushed screen shows its back button";
+    // Placeholder cards of 0:0 (landscape), 0:1 (portrait) and 0:2 (landscape) fill the first row
+    // of 96-point cells; the fourth column stays empty until 1:3 (portrait) in the next section,
+    // below a gap of 20. A picture taken during the push would show the grid shifted right.
+    const int top = firstCardRow(grid, 146);
+    ASSERT_GT(top, 40);
+    EXPECT_NEAR(firstCardRow(grid, 48), top + 16, 2) << "a landscape card is centred in its square";
+    EXPECT_NEAR(firstCardRow(grid, 244), top + 16, 2);
+    EXPECT_NEAR(firstCardRow(grid, 342), top + 96 + 20, 2);
 }
 
 TEST_F(ShotFixture, UnknownTitleExitsTwoNamingTheRowsThere)
