@@ -1,12 +1,9 @@
 #include "VUOneUpViewController.h"
 
-#include "VUAspectFitImageView.h"
-#include "VUAssetImageLoader.h"
+#include "VUAssetImageView.h"
 
 #include "ui/CollectionViewFlowLayout.h"
 #include "ui/TapGestureRecognizer.h"
-
-#include <QPointer>
 
 #include <algorithm>
 #include <cmath>
@@ -29,7 +26,7 @@ class PageCell : public ui::CollectionViewCell, private ui::ScrollViewDelegate {
 public:
     PageCell()
         : m_scrollView(new ui::ScrollView(contentView()))
-        , m_imageView(new VUAspectFitImageView(m_scrollView->contentView()))
+        , m_imageView(new VUAssetImageView(m_scrollView->contentView()))
     {
         paintBlack(this);
         m_scrollView->setDelegate(this);
@@ -45,19 +42,10 @@ public:
     }
 
     ui::ScrollView *scrollView() const { return m_scrollView; }
-
-    void show(const VUMediaProviderPtr &provider, const VUDisplayAsset &asset, const QSizeF &targetSize)
-    {
-        m_loader.load(provider, asset, targetSize, [view = QPointer<VUAspectFitImageView>(m_imageView)](const graphics::ImagePtr &image) {
-            if (view)
-                view->setImage(image);
-        });
-    }
-    void stopLoading() { m_loader.cancel(); }
+    VUAssetImageView *imageView() const { return m_imageView; }
     void prepareForReuse() override
     {
-        m_loader.cancel();
-        m_imageView->setImage(nullptr);
+        m_imageView->clear();
         m_scrollView->setZoomScale(1);
     }
 
@@ -87,8 +75,7 @@ private:
     }
 
     ui::ScrollView *m_scrollView;
-    VUAspectFitImageView *m_imageView;
-    VUAssetImageLoader m_loader;
+    VUAssetImageView *m_imageView;
 };
 
 // The browser's view: tells its controller when its size changes, so pages follow.
@@ -232,13 +219,13 @@ ui::CollectionViewCell *VUOneUpViewController::cellForItemAtIndexPath(ui::Collec
 {
     auto *cell = static_cast<PageCell *>(collectionView->dequeueReusableCellWithReuseIdentifier(kPageIdentifier, indexPath));
     const VUAssetReferencePtr reference = m_session->dataSourceManager()->assetsDataSource()->assetReferenceAtIndexPath(indexPath);
-    cell->show(m_session->mediaProvider(), *reference->asset(), m_layout->itemSize() * collectionView->devicePixelRatioF());
+    cell->imageView()->showAsset(m_session->mediaProvider(), *reference->asset(), m_layout->itemSize() * collectionView->devicePixelRatioF());
     return cell;
 }
 
 void VUOneUpViewController::didEndDisplayingCell(ui::CollectionView *, ui::CollectionViewCell *cell, const ui::IndexPath &)
 {
-    static_cast<PageCell *>(cell)->stopLoading();
+    static_cast<PageCell *>(cell)->imageView()->stopLoading();
 }
 
 void VUOneUpViewController::didScroll(ui::ScrollView *scrollView)

@@ -1,12 +1,9 @@
 #include "VUTilingView.h"
 
-#include "VUAspectFitImageView.h"
-#include "VUAssetImageLoader.h"
+#include "VUAssetImageView.h"
 
 #include "ui/Autoresizing.h"
 #include "ui/CollectionViewFlowLayout.h"
-
-#include <QPointer>
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +16,7 @@ constexpr double kTargetCellSide = 90;
 // One asset's cell: its image, fitted, over a faint tile while the image is on its way.
 class AssetCell : public ui::CollectionViewCell {
 public:
-    AssetCell() : m_imageView(new VUAspectFitImageView(contentView()))
+    AssetCell() : m_imageView(new VUAssetImageView(contentView()))
     {
         setAutoFillBackground(true);
         QPalette tile = palette();
@@ -28,26 +25,11 @@ public:
         m_imageView->setGeometry(contentView()->rect());
         ui::setAutoresizingMask(m_imageView, ui::Autoresizing::FlexibleWidth | ui::Autoresizing::FlexibleHeight);
     }
-
-    void show(const VUMediaProviderPtr &provider, const VUDisplayAsset &asset, const QSizeF &targetSize)
-    {
-        m_imageView->setImage(nullptr);
-        m_loader.load(provider, asset, targetSize, [view = QPointer<VUAspectFitImageView>(m_imageView)](const graphics::ImagePtr &image) {
-            if (view)
-                view->setImage(image);
-        });
-    }
-    // Off screen: the image is no longer wanted.
-    void stopLoading() { m_loader.cancel(); }
-    void prepareForReuse() override
-    {
-        m_loader.cancel();
-        m_imageView->setImage(nullptr);
-    }
+    VUAssetImageView *imageView() const { return m_imageView; }
+    void prepareForReuse() override { m_imageView->clear(); }
 
 private:
-    VUAspectFitImageView *m_imageView;
-    VUAssetImageLoader m_loader;
+    VUAssetImageView *m_imageView;
 };
 
 } // namespace
@@ -115,13 +97,13 @@ ui::CollectionViewCell *VUTilingView::cellForItemAtIndexPath(ui::CollectionView 
 {
     auto *cell = static_cast<AssetCell *>(collectionView->dequeueReusableCellWithReuseIdentifier(kCellIdentifier, indexPath));
     const VUAssetReferencePtr reference = m_session->dataSourceManager()->assetsDataSource()->assetReferenceAtIndexPath(indexPath);
-    cell->show(m_session->mediaProvider(), *reference->asset(), m_layout->itemSize() * devicePixelRatioF());
+    cell->imageView()->showAsset(m_session->mediaProvider(), *reference->asset(), m_layout->itemSize() * devicePixelRatioF());
     return cell;
 }
 
 void VUTilingView::didEndDisplayingCell(ui::CollectionView *, ui::CollectionViewCell *cell, const ui::IndexPath &)
 {
-    static_cast<AssetCell *>(cell)->stopLoading();
+    static_cast<AssetCell *>(cell)->imageView()->stopLoading();
 }
 
 void VUTilingView::didSelectItemAtIndexPath(ui::CollectionView *collectionView, const ui::IndexPath &indexPath)
