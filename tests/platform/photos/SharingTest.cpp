@@ -1,48 +1,20 @@
 // The library as real homes and other processes use it: a linked data folder, several openers at
-// once, a change still running elsewhere, a damaged catalogue.
+// once, an older or damaged catalogue.
 
 #include "PhotoLibraryFixture.h"
 
-#include "photos/Catalogue.h"
-#include "photos/ChangeLocks.h"
 #include "photos/Database.h"
 #include "photos/LibraryFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
 
-#include <optional>
-
 using namespace photos::testing;
-using photos::detail::Catalogue;
-using photos::detail::ChangeLocks;
 using photos::detail::LibraryFolder;
-using photos::detail::PendingFile;
 
 namespace {
 
-class SharingTest : public PhotoLibraryFixture {
-protected:
-    QString lockPath() const { return LibraryFolder(libraryPath()).changeLockPath(); }
-
-    // Leaves a change as another process leaves it while it runs: its journal entry committed,
-    // its file moved into the library, its token locked by `locks`.
-    QString changeInFlight(ChangeLocks &locks, const QString &source)
-    {
-        QString error;
-        const qint64 token = locks.claim(&error);
-        EXPECT_NE(token, 0) << error.toStdString();
-        LibraryFolder folder(libraryPath());
-        Catalogue catalogue(folder.databasePath());
-        catalogue.open();
-        const QString destination = LibraryFolder::originalPathFor(QStringLiteral("BEEF0000-2222"), QStringLiteral("jpg"));
-        photos::detail::Transaction transaction(catalogue.writer());
-        catalogue.addPendingFile(PendingFile{0, source, destination, true, token});
-        transaction.commit();
-        EXPECT_TRUE(folder.place(source, destination, true, &error)) << error.toStdString();
-        return destination;
-    }
-};
+using SharingTest = PhotoLibraryFixture;
 
 TEST_F(SharingTest, LinksOnTheWayToTheLibraryAreFollowed)
 {
@@ -65,25 +37,6 @@ TEST_F(SharingTest, LinksOnTheWayToTheLibraryAreFollowed)
     auto again = VHPhotoLibrary::create(link + QStringLiteral("/Library"));
     EXPECT_EQ(VHAsset::fetchAssetsWithOptions(again->librarySpecificFetchOptions()).count(), 1);
     EXPECT_TRUE(QFileInfo::exists(real + QStringLiteral("/Library/Catalogue.sqlite")));
-}
-
-TEST_F(SharingTest, ChangesOfALiveOwnerAreLeftToIt)
-{
-    std::optional<ChangeLocks> otherProcess(std::in_place, lockPath());
-    const QString source = photo("inflight.jpg", {QSize(16, 16), QDateTime::currentDateTime(), {}, {}});
-    const QString destination = changeInFlight(*otherProcess, source);
-
-    reopen();
-    EXPECT_TRUE(m_library->reconciliationReport().isEmpty());
-    EXPECT_TRUE(QFileInfo::exists(LibraryFolder(libraryPath()).resolve(destination))) << "the running change keeps its file";
-    EXPECT_FALSE(QFileInfo::exists(source));
-
-    // The owner dies: its lock goes with it, and the next opening finishes its work.
-    otherProcess.reset();
-    reopen();
-    EXPECT_EQ(m_library->reconciliationReport().size(), 1);
-    EXPECT_TRUE(QFileInfo::exists(source));
-    EXPECT_TRUE(originals().isEmpty());
 }
 
 TEST_F(SharingTest, OpeningSucceedsWhileAnotherConnectionWrites)
