@@ -59,6 +59,12 @@ VUTesterLibraryFillerSettings::VUTesterLibraryFillerSettings()
     declareKey(QStringLiteral("internalLocationIsSet"), Kind::Bool);
     declareKey(QStringLiteral("internalProgressTitle"), Kind::String);
     declareKey(QStringLiteral("internalCancelable"), Kind::Bool);
+    // The "Location" row shows whether a place is set, whatever set it: the location screen, the
+    // command line, the archive at launch, restoring defaults.
+    connect(this, &TWSettings::valueChanged, this, [this](const QString &key) {
+        if (key == QLatin1String("location"))
+            setValue(QStringLiteral("internalLocationIsSet"), !location().isNull());
+    }, Qt::DirectConnection);
 }
 
 void VUTesterLibraryFillerSettings::setDefaultValues()
@@ -73,7 +79,6 @@ void VUTesterLibraryFillerSettings::setDefaultValues()
     setContent(0);
     setImageOrientation(0);
     setLocation(QVariant());
-    setValue(QStringLiteral("internalLocationIsSet"), false);
     setLocationRadius(0);
 }
 
@@ -142,7 +147,7 @@ QStringList VUTesterLibraryFillerSettings::presetTitles()
 bool VUTesterLibraryFillerSettings::applyPreset(const QString &title)
 {
     for (const Preset &preset : kPresets) {
-        if (title != QLatin1String(preset.title))
+        if (title.compare(QLatin1String(preset.title), Qt::CaseInsensitive) != 0)
             continue;
         setNumberOfAssetsToAdd(preset.numberOfAssetsToAdd);
         setMedia(preset.media);
@@ -158,8 +163,8 @@ bool VUTesterLibraryFillerSettings::applyPreset(const QString &title)
 
 void VUTesterLibraryFillerSettings::locationDidChange(VUTesterLocationSelectionViewController *, const QVariant &location)
 {
+    // internalLocationIsSet follows.
     setLocation(location);
-    setValue(QStringLiteral("internalLocationIsSet"), !location.isNull());
 }
 
 TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()

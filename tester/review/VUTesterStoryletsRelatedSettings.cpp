@@ -7,10 +7,11 @@
 
 VUTesterStoryletsRelatedSettings::VUTesterStoryletsRelatedSettings()
 {
-    // The title dimensions hold either one value or the label of a whole group of values.
-    declareKey(QStringLiteral("titleFontName"), Kind::Variant);
-    declareKey(QStringLiteral("titleText"), Kind::Variant);
-    declareKey(QStringLiteral("subtitleText"), Kind::Variant);
+    // The title dimensions hold either one value or the label of a whole group of values: texts
+    // for the font, title and subtitle, and for the others a whole number or a group label.
+    declareKey(QStringLiteral("titleFontName"), Kind::String);
+    declareKey(QStringLiteral("titleText"), Kind::String);
+    declareKey(QStringLiteral("subtitleText"), Kind::String);
     declareKey(QStringLiteral("tileKind"), Kind::Variant);
     declareKey(QStringLiteral("formFactor"), Kind::Variant);
     declareKey(QStringLiteral("orientation"), Kind::Variant);
@@ -36,11 +37,13 @@ TWModulePtr VUTesterStoryletsRelatedSettings::settingsControllerModule()
 {
     auto white = TWSliderRow::rowWithTitle(QStringLiteral("Placeholder White"), QStringLiteral("backgroundWhite"));
     white->minValue(0, 1)->vu_increment(0.05);
+    auto folder = TWEditStringRow::rowWithTitle(QStringLiteral("Captured Data Folder"), QStringLiteral("capturedDataFolder"));
+    folder->setRequiresText(true);
     return VUTesterPlaygroundModule(QStringLiteral("Storylets & Related"), {
         TWSection::sectionWithRows({TWEditStringRow::rowWithTitle(QStringLiteral("Title"), QStringLiteral("titleText")),
                                     TWEditStringRow::rowWithTitle(QStringLiteral("Subtitle"), QStringLiteral("subtitleText")),
                                     white,
-                                    TWEditStringRow::rowWithTitle(QStringLiteral("Captured Data Folder"), QStringLiteral("capturedDataFolder"))},
+                                    folder},
                                    QStringLiteral("Fonts Review")),
     });
 }

@@ -30,8 +30,11 @@ TWSection VUTesterSettings::restoreDefaultsSection(const QString &title)
 
 TWRowPtr VUTesterSettings::playgroundRow(const QString &title, std::function<ui::ViewController *()> creator)
 {
+    // Without a playground the row has no action, so the screen shows it as inert.
+    if (!creator)
+        return TWButtonRow::rowWithTitle(title, nullptr);
     return TWButtonRow::vu_rowWithTitle(title, [creator = std::move(creator)](ui::ViewController *settingsScreen) {
-        if (!creator || !settingsScreen || !settingsScreen->navigationController())
+        if (!settingsScreen || !settingsScreen->navigationController())
             return;
         if (ui::ViewController *playground = creator())
             settingsScreen->navigationController()->pushViewController(playground, true);

@@ -21,7 +21,7 @@ public:
     // The section every module ends with: one "Restore Defaults" row (or another title) restoring
     // the module's own settings object.
     static TWSection restoreDefaultsSection(const QString &title = QStringLiteral("Restore Defaults"));
-    // A button row that starts a playground; until the playground exists the row does nothing.
+    // A button row that starts a playground; until the playground exists the row has no action.
     static TWRowPtr playgroundRow(const QString &title, std::function<ui::ViewController *()> creator = {});
 };
 
