@@ -42,7 +42,11 @@ const Command *findCommand(const QString &name)
 
 static int report(const char *command, const QString &message, int status)
 {
-    QTextStream(stderr) << "vistra-tester " << command << ": " << message << Qt::endl;
+    QTextStream err(stderr);
+    err << "vistra-tester";
+    if (*command)
+        err << ' ' << command;
+    err << ": " << message << Qt::endl;
     return status;
 }
 
@@ -54,6 +58,11 @@ int usageError(const char *command, const QString &message)
 int failure(const char *command, const QString &message)
 {
     return report(command, message, ExitFailure);
+}
+
+QString countText(qint64 count, const char *singular, const char *plural)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QString::fromUtf8(count == 1 ? singular : plural));
 }
 
 } // namespace app

@@ -1,36 +1,20 @@
 #include "QtPrinters.h"
 
+#include "CliHome.h"
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct ShotResult {
-    int status;
-    QString err;
-};
-
 struct ShotFixture : ::testing::Test {
-    QTemporaryDir home;
+    cli::Home home;
 
-    ShotResult shot(const QStringList &arguments)
-    {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "TMPDIR"})
-            environment.insert(QString::fromLatin1(variable), home.filePath(QString::fromLatin1(variable)));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(VISTRA_TESTER_PATH), QStringList{QStringLiteral("shot")} + arguments);
-        EXPECT_TRUE(process.waitForFinished(60000));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardError())};
-    }
-    QString file(const char *name) const { return home.filePath(QString::fromLatin1(name)); }
+    cli::Result shot(const QStringList &arguments) { return home.run(QStringList{QStringLiteral("shot")} + arguments); }
+    QString file(const char *name) const { return home.path(QString::fromLatin1(name)); }
 };
 
 // Pixels clearly darker than the light window background, such as those of text.
@@ -88,14 +72,14 @@ TEST_F(ShotFixture, PicturesTheRootAndAScreenReachedByTitles)
 
 TEST_F(ShotFixture, UnknownTitleExitsTwoNamingTheRowsThere)
 {
-    const ShotResult result = shot({QStringLiteral("Utilities/Library Filler/Fill Everything"), QStringLiteral("-o"), file("x.png")});
+    const cli::Result result = shot({QStringLiteral("Utilities/Library Filler/Fill Everything"), QStringLiteral("-o"), file("x.png")});
     EXPECT_EQ(result.status, 2);
     EXPECT_TRUE(result.err.contains(QStringLiteral("no row 'Fill Everything' in \"Library Filler\" (reached by 'Utilities/Library Filler')")))
         << result.err.toStdString();
     EXPECT_TRUE(result.err.contains(QStringLiteral("\"Fill Library\", \"Presets/Random Assets\""))) << result.err.toStdString();
     EXPECT_FALSE(QFile::exists(file("x.png")));
 
-    const ShotResult inSection = shot({QStringLiteral("Utilities/Highlights"), QStringLiteral("-o"), file("x.png")});
+    const cli::Result inSection = shot({QStringLiteral("Utilities/Highlights"), QStringLiteral("-o"), file("x.png")});
     EXPECT_EQ(inSection.status, 2);
     EXPECT_TRUE(inSection.err.endsWith(QStringLiteral("the rows there: \"Utilities/Request Access\", \"Utilities/Library Filler\", \"Utilities/Vexo\"\n")))
         << inSection.err.toStdString();
@@ -117,14 +101,14 @@ TEST_F(ShotFixture, RefusesBadArgumentsBeforeAnyWork)
         {QStringLiteral("Utilities")},
     };
     for (const QStringList &arguments : refused) {
-        const ShotResult result = shot(arguments);
+        const cli::Result result = shot(arguments);
         EXPECT_EQ(result.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(result.err.startsWith(QStringLiteral("vistra-tester shot: "))) << result.err.toStdString();
     }
     ASSERT_TRUE(existing.open(QIODevice::ReadOnly));
     EXPECT_EQ(existing.readAll(), "mine");
-    EXPECT_EQ(QDir(home.path()).entryList({QStringLiteral("x.*")}), QStringList());
-    EXPECT_FALSE(QDir(file("XDG_CONFIG_HOME")).exists()) << "nothing started: not even the settings were saved";
+    EXPECT_EQ(QDir(home.path(QStringLiteral("."))).entryList({QStringLiteral("x.*")}), QStringList());
+    EXPECT_FALSE(QDir(file("config")).exists()) << "nothing started: not even the settings were saved";
 
     ASSERT_EQ(shot({QStringLiteral(""), QStringLiteral("-o"), file("kept.png"), QStringLiteral("--force")}).status, 0);
     EXPECT_FALSE(QImage(file("kept.png")).isNull());
