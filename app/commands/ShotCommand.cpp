@@ -101,26 +101,26 @@ int parseOptions(const QStringList &arguments, ShotOptions *options)
     QString message;
     if (parser.isSet(QStringLiteral("size"))) {
         QSizeF size;
-        if (!parseSizeOption(parser.value(QStringLiteral("size")), &size, &message))
+        if (!parseSizeOption(QStringLiteral("size"), parser.value(QStringLiteral("size")), kMinimumSide, &size, &message))
             return usageError(kName, message);
-        if (size.width() < kMinimumSide || size.height() < kMinimumSide || size.width() > kMaximumSide || size.height() > kMaximumSide)
-            return usageError(kName, QStringLiteral("--size: each side from %1 to %2 pixels (got %3)")
-                                         .arg(kMinimumSide).arg(kMaximumSide).arg(parser.value(QStringLiteral("size"))));
+        if (size.width() > kMaximumSide || size.height() > kMaximumSide)
+            return usageError(kName, QStringLiteral("--size: a window of at most %1 x %1 pixels (got %2)")
+                                         .arg(kMaximumSide).arg(parser.value(QStringLiteral("size"))));
         options->size = size.toSize();
     }
     if (parser.isSet(QStringLiteral("timeout"))) {
         double seconds = 0;
-        if (!parseNumberOption(QStringLiteral("--timeout"), parser.value(QStringLiteral("timeout")), 0, false, &seconds, &message))
+        if (!parseNumberOption(QStringLiteral("timeout"), parser.value(QStringLiteral("timeout")), {0, 3600, true, false}, &seconds, &message))
             return usageError(kName, message);
-        options->timeout = std::chrono::milliseconds(std::llround(std::min(seconds, 3600.0) * 1000));
+        options->timeout = std::chrono::milliseconds(std::llround(seconds * 1000));
     }
 
     options->output = parser.value(QStringLiteral("o"));
     if (options->output.isEmpty())
         return usageError(kName, QStringLiteral("give the output file with -o FILE.png"));
+    if (!checkOutputSuffix(options->output, {QStringLiteral("png")}, &message))
+        return usageError(kName, message);
     const QFileInfo output(options->output);
-    if (output.suffix().compare(QLatin1String("png"), Qt::CaseInsensitive) != 0)
-        return usageError(kName, QStringLiteral("%1: the picture is written as PNG; name the file *.png").arg(options->output));
     if (output.exists() && !parser.isSet(QStringLiteral("force")))
         return usageError(kName, QStringLiteral("%1 exists; pass --force to overwrite it").arg(options->output));
     if (output.isDir())
