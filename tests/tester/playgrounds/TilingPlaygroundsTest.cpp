@@ -325,3 +325,31 @@ TEST_F(TilingFixture, LateImagesGoOnlyToTheCellsStillShowingTheirAssets)
     }
     EXPECT_EQ(ui::Settle::pendingCount(), 0);
 }
+
+TEST_F(TilingFixture, ANewerDataSourceKeepsTheBrowserOnItsAssetAndReloadsTheGrid)
+{
+    using Items = VUTesterTilingDataSource::SectionedItems;
+    auto manager = std::make_shared<VUTesterDataSourceManager>(
+        std::make_shared<VUTesterTilingDataSource>(Items{{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")}}));
+    auto session = std::make_shared<VUBrowsingSession>(manager, nullptr, std::make_shared<VUTesterMediaProvider>());
+    ui::Window window;
+    auto *oneUp = new VUOneUpViewController(session, ui::IndexPath::forItem(2, 0));
+    window.setRootViewController(oneUp);
+    window.resize(390, 844);
+    auto *tiling = new VUTilingView(session);
+    tiling->resize(390, 300);
+    window.show();
+    tiling->show();
+    tiling->collectionView()->layoutIfNeeded();
+    EXPECT_EQ(oneUp->title(), QStringLiteral("3 of 3"));
+    EXPECT_EQ(tiling->collectionView()->visibleCells().size(), 3);
+
+    manager->setAssetsDataSource(std::make_shared<VUTesterTilingDataSource>(
+        Items{{QStringLiteral("x")}, {QStringLiteral("y"), QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("z")}}));
+    EXPECT_EQ(oneUp->currentIndexPath(), ui::IndexPath::forItem(1, 1)) << "still on c";
+    EXPECT_EQ(oneUp->title(), QStringLiteral("3 of 5"));
+    EXPECT_EQ(oneUp->collectionView()->contentOffset(), QPointF(2 * 390, 0));
+    tiling->collectionView()->layoutIfNeeded();
+    EXPECT_EQ(tiling->collectionView()->visibleCells().size(), 5);
+    delete tiling;
+}
