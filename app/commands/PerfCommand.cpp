@@ -23,6 +23,8 @@ namespace {
 const char *const kPerf = "perf";
 // A test that has not ended this long after its own length has hung.
 constexpr int kGraceMs = 60000;
+// Up to an hour: long enough for any soak, short of a typo's thousands.
+constexpr NumberRange kDuration{0, 3600, true, false};
 
 void printDefinitions()
 {
@@ -140,7 +142,7 @@ int runPerfCommand(const QStringList &arguments)
     if (parser.isSet(QStringLiteral("duration"))) {
         double duration = 0;
         QString message;
-        if (!parseNumberOption(QStringLiteral("--duration"), parser.value(QStringLiteral("duration")), 0.0, false, &duration, &message))
+        if (!parseNumberOption(QStringLiteral("duration"), parser.value(QStringLiteral("duration")), kDuration, &duration, &message))
             return usageError(kPerf, message);
         definition->insert(VXPerfDurationKey, QString::number(duration));
     }
