@@ -8,8 +8,9 @@
 namespace ui {
 
 TransitionContext::TransitionContext(QWidget *containerView, ViewController *from, ViewController *to, NavigationOperation operation,
-                                     Completion onComplete, QObject *parent)
-    : QObject(parent), m_container(containerView), m_from(from), m_to(to), m_operation(operation), m_onComplete(std::move(onComplete))
+                                     const QString &description, Completion onComplete, QObject *parent)
+    : QObject(parent), m_container(containerView), m_from(from), m_to(to), m_operation(operation), m_onComplete(std::move(onComplete)),
+      m_pending(description)
 {
 }
 
@@ -84,6 +85,7 @@ void TransitionContext::completeTransition()
     if (m_complete)
         return;
     m_complete = true;
+    m_pending.end();
     if (m_link)
         m_link->invalidate();
     if (m_onComplete)

@@ -2,7 +2,8 @@
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
 // told before each change, and may answer an animated one with an animation of its own
-// (AnimatedTransitioning.h) instead of the container's slide.
+// (AnimatedTransitioning.h) instead of the container's slide. Either runs on the display's frame
+// timer, so DisplayLink::ManualStepping steps it.
 
 #include "AnimatedTransitioning.h"
 #include "ViewController.h"
@@ -15,7 +16,6 @@ class QLabel;
 class QHBoxLayout;
 class QStackedWidget;
 class QToolButton;
-class QVariantAnimation;
 
 namespace ui {
 
@@ -72,7 +72,7 @@ protected:
 
 private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
-    void startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator);
+    void startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator);
     void returnTransitionViews();
     void finishTransition();
     void updateBar();

@@ -76,6 +76,7 @@ void VUViewAnimation::cancel()
 void VUViewAnimation::end(bool finished)
 {
     m_link->invalidate();
+    m_pending.end();
     if (m_view && m_view->m_animation == this)
         m_view->m_animation = nullptr;
     // Gone at the next turn of the event loop: this may run inside the frame timer's own call.

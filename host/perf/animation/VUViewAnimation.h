@@ -15,6 +15,8 @@
 #include "VUSpring.h"
 #include "VUView.h"
 
+#include "ui/Settle.h"
+
 #include <QFlags>
 #include <QObject>
 #include <QPointer>
@@ -69,6 +71,7 @@ private:
     std::array<Track, ComponentCount> m_tracks;
     Completion m_completion;
     ui::DisplayLink *m_link;
+    ui::PendingWork m_pending{QStringLiteral("a spring animation")};
 };
 
 void VUAnimateViewWithSpring(VUView *view, const VUViewGeometry &target, double duration, double delay, double dampingRatio,

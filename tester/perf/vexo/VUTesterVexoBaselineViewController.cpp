@@ -6,7 +6,6 @@
 
 #include "layouts/VUTesterTilingControllerNullGridViewController.h"
 
-#include "dispatch/Dispatch.h"
 #include "perf/gadgets/VXGadgetUIViewController.h"
 #include "perf/grid/VXExtendedTraitCollection.h"
 #include "perf/harness/VXPerfHarness.h"
@@ -16,9 +15,9 @@
 #include "ui/CollectionViewFlowLayout.h"
 #include "ui/NavigationController.h"
 #include "ui/ScrollView.h"
+#include "ui/Settle.h"
 
 #include <QEvent>
-#include <QPointer>
 
 #include <cstdlib>
 
@@ -40,13 +39,11 @@ protected:
     void hideScrollIndicators() override {}
 };
 
-// Runs `block` on the main queue after `delayMs`, if `guard` still exists by then.
+// Runs `block` on the main thread after `delayMs`, if `guard` still exists by then; until then
+// the screen is not settled.
 void afterDelay(int delayMs, QObject *guard, std::function<void()> block)
 {
-    dispatch::after(dispatch::Queue::main(), std::chrono::milliseconds(delayMs), [guard = QPointer(guard), block = std::move(block)] {
-        if (guard)
-            block();
-    });
+    ui::Settle::after(std::chrono::milliseconds(delayMs), guard, std::move(block), QStringLiteral("a baseline's ready handler"));
 }
 
 } // namespace
