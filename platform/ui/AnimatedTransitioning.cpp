@@ -50,7 +50,8 @@ void TransitionContext::start(double duration)
     }
     m_link = new DisplayLink([this](DisplayLink &link) {
         const double fraction = std::clamp((link.timestamp() - m_startTime) / m_duration, 0.0, 1.0);
-        if (fraction >= 1)
+        // Frame times are sums of intervals: the frame due at the end may come a hair short of it.
+        if (fraction >= 1 - 1e-9)
             finishAnimations();
         else
             applyProgress(fraction);

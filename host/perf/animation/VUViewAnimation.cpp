@@ -103,18 +103,20 @@ void vu_animateView(VUView *view, QPointF center, const QRectF &bounds, const QT
     target.bounds = bounds;
     target.transform = transform;
     VUViewAnimation::start(view, target, VUSpring(duration, dampingRatio), delay,
-                           [initialVelocity](VUViewAnimation::Component component, double from, double) {
+                           [initialVelocity](VUViewAnimation::Component component, double from, double to) {
                                switch (component) {
                                case VUViewAnimation::CenterX:
                                    return initialVelocity.x;
                                case VUViewAnimation::CenterY:
                                    return initialVelocity.y;
-                               // Scale velocities are relative to where the size or scale starts.
+                               // The scale velocity is that of whatever grows or shrinks (the
+                               // bounds, the transform's scale), relative to where it starts; what
+                               // keeps its size is not set wobbling by it.
                                case VUViewAnimation::Width:
                                case VUViewAnimation::Height:
                                case VUViewAnimation::XScale:
                                case VUViewAnimation::YScale:
-                                   return initialVelocity.scale * from;
+                                   return to != from ? initialVelocity.scale * from : 0.0;
                                case VUViewAnimation::Rotation:
                                    return initialVelocity.rotation;
                                default:

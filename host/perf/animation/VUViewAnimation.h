@@ -7,8 +7,8 @@
 // - VUAnimateViewWithSpring, the toolkit's: one number, in distances per second, relative to how
 //   far each quantity travels.
 // - vu_animateView, the host's: a display velocity, absolute (points per second for the centre,
-//   scale per second for the bounds' size and the transform's scales, radians per second for the
-//   rotation).
+//   scale per second, relative to the starting size, for whichever of the bounds' size and the
+//   transform's scales change, radians per second for the rotation).
 // Given velocities that mean the same motion, the two animate a view identically.
 
 #include "VUDisplayVelocity.h"
