@@ -43,22 +43,32 @@ void VXPerfFrameRecorder::stop()
 {
     if (!m_recording)
         return;
+    // What a frame's timers did belongs to that frame, the last one included.
+    if (m_inFrame) {
+        m_stopAtFrameEnd = true;
+        return;
+    }
     m_recording = false;
     ui::DisplayLink::removeFrameObserver(this);
     m_link.setPaused(true);
+    Q_EMIT stopped();
 }
 
 void VXPerfFrameRecorder::frameWillBegin(double, double)
 {
+    m_inFrame = true;
     m_frameStart = workClock();
 }
 
 void VXPerfFrameRecorder::frameDidEnd(double timestamp, double duration)
 {
+    m_inFrame = false;
     QCoreApplication::sendPostedEvents();
     m_work.push_back(workClock() - m_frameStart);
     m_timestamps.push_back(timestamp);
     m_refreshInterval = duration;
     m_peakWidgets = std::max<qint64>(m_peakWidgets, QApplication::allWidgets().size());
     Q_EMIT frameRecorded();
+    if (std::exchange(m_stopAtFrameEnd, false))
+        stop();
 }

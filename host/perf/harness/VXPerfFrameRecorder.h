@@ -24,6 +24,7 @@ public:
     ~VXPerfFrameRecorder() override;
 
     void start();
+    // Stops at once, or, during a frame, once that frame has been recorded; then tells `stopped`.
     void stop();
     bool isRecording() const { return m_recording; }
 
@@ -37,11 +38,14 @@ public:
 
 Q_SIGNALS:
     void frameRecorded();
+    void stopped();
 
 private:
     QPointer<QWidget> m_view;
     ui::DisplayLink m_link;
     bool m_recording = false;
+    bool m_inFrame = false;
+    bool m_stopAtFrameEnd = false;
     double m_frameStart = 0;
     std::vector<double> m_timestamps;
     std::vector<double> m_work;

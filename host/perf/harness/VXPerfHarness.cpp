@@ -37,7 +37,7 @@ ui::ViewController *VXPerfHarness::topmostViewController()
 
 bool VXPerfHarness::runTest(const QString &name, const QVariantMap &options)
 {
-    if (m_run) {
+    if (m_running) {
         qCWarning(lcPerf).noquote() << "a test is running already; not starting" << name;
         return false;
     }
@@ -47,7 +47,17 @@ bool VXPerfHarness::runTest(const QString &name, const QVariantMap &options)
     }
     VXPerfTestEnvironment *environment = m_factory();
     m_navigationController = new VUNavigationController(environment->environmentViewController());
+    m_running = true;
     qCInfo(lcPerf).noquote() << "starting" << name;
+    // Closed before the test could begin: there is nothing to measure.
+    connect(m_navigationController, &QObject::destroyed, this, [this, name] {
+        if (m_running && !m_run) {
+            VXPerfResult result;
+            result.test = name;
+            result.note = QStringLiteral("the environment closed before the test began");
+            end(result);
+        }
+    });
 
     m_presenter = topmostViewController();
     if (m_presenter) {
@@ -75,22 +85,31 @@ void VXPerfHarness::begin(const QString &name, const QVariantMap &options, VXPer
 
 void VXPerfHarness::end(const VXPerfResult &result)
 {
-    m_run->deleteLater();
+    if (m_run)
+        m_run->deleteLater();
     m_run = nullptr;
+    m_running = false;
     qCInfo(lcPerf).noquote() << result.toText().trimmed();
     if (m_ownWindow) {
-        // Not now: this runs inside the environment's own calls.
+        // Hidden now, so the next run does not take it for the application's; deleted later, as
+        // this runs inside the environment's own calls.
+        m_ownWindow->hide();
         m_ownWindow.release()->deleteLater();
     } else if (m_presenter) {
-        ui::ViewController *presenter = m_presenter;
+        const QPointer<ui::ViewController> presenter = m_presenter;
         const bool alert = m_showsResultAlerts;
-        presenter->dismissViewControllerAnimated(true, [presenter = QPointer(presenter), result, alert] {
+        const auto showResult = [presenter, result, alert] {
             if (!presenter || !alert)
                 return;
             auto *resultAlert = new ui::AlertController(result.test, result.toText().trimmed());
             resultAlert->addAction({QStringLiteral("OK"), ui::AlertAction::Style::Default, nullptr});
             presenter->presentViewController(resultAlert, true);
-        });
+        };
+        // Closed by hand already, or still there to close.
+        if (m_navigationController && presenter->presentedViewController() == m_navigationController)
+            presenter->dismissViewControllerAnimated(true, showResult);
+        else
+            showResult();
     }
     Q_EMIT testFinished(result);
 }

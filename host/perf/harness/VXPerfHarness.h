@@ -43,7 +43,8 @@ public:
     QList<QVariantMap> vexo_testDefinitions() const { return ::vexo_testDefinitions(); }
     // Starts the test; false when one is running already or there is no environment factory.
     bool runTest(const QString &name, const QVariantMap &options);
-    bool isRunning() const { return m_run != nullptr; }
+    // From runTest until the result is out.
+    bool isRunning() const { return m_running; }
     // Whether a run over a window ends with an alert showing its result (on by default).
     void setShowsResultAlerts(bool shows) { m_showsResultAlerts = shows; }
 
@@ -63,4 +64,5 @@ private:
     QPointer<ui::ViewController> m_presenter;
     std::unique_ptr<ui::Window> m_ownWindow;
     bool m_showsResultAlerts = true;
+    bool m_running = false;
 };

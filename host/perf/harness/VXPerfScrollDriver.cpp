@@ -42,7 +42,8 @@ void VXPerfScrollDriver::step(double timestamp)
     const QPointF top = m_scrollView->minimumContentOffset();
     const double range = m_scrollView->maximumContentOffset().y() - top.y();
     m_scrollView->setContentOffset(QPointF(top.x(), top.y() + distanceAt(time, m_speed, m_duration, range)));
-    if (time >= m_duration) {
+    // Frame times are sums of intervals: the frame due at the end may come a hair short of it.
+    if (time >= m_duration - 1e-9) {
         m_link->invalidate();
         if (m_finished)
             m_finished();

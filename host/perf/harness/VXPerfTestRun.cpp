@@ -19,6 +19,8 @@ VXPerfTestRun::VXPerfTestRun(const QString &name, const QVariantMap &options, VX
       m_recorder(new VXPerfFrameRecorder(navigationController->view(), this))
 {
     connect(m_recorder, &VXPerfFrameRecorder::frameRecorded, this, &VXPerfTestRun::frameRecorded);
+    // Closed by hand (its Done button) or with its window: what was recorded so far is the result.
+    connect(navigationController, &QObject::destroyed, this, [this] { finish(QStringLiteral("the environment closed before the test ended")); });
 }
 
 VXPerfTestRun::~VXPerfTestRun() = default;
@@ -81,7 +83,15 @@ void VXPerfTestRun::finish(const QString &note)
     if (m_finished)
         return;
     m_finished = true;
-    m_recorder->stop();
+    connect(m_recorder, &VXPerfFrameRecorder::stopped, this, [this, note] { report(note); });
+    if (m_recorder->isRecording())
+        m_recorder->stop();
+    else
+        report(note);
+}
+
+void VXPerfTestRun::report(const QString &note)
+{
     VXPerfResult result = VXPerfResult::fromFrames(m_name, m_recorder->timestamps(), m_recorder->work(), m_recorder->refreshInterval());
     result.peakRssBytes = VXPeakResidentBytes();
     result.peakWidgets = m_recorder->peakWidgets();

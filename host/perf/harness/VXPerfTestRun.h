@@ -45,7 +45,9 @@ Q_SIGNALS:
 private:
     void beginScrolling(ui::ScrollView *scrollView);
     void beginTransitions(ui::ViewController *destination, std::shared_ptr<ui::AnimatedTransitioning> transition);
+    // Ends the run; the result follows once the frame under way, if any, is recorded.
     void finish(const QString &note = QString());
+    void report(const QString &note);
     double option(const QString &key, double fallback) const;
 
     QString m_name;

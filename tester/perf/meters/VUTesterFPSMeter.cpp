@@ -51,7 +51,8 @@ QList<VUTesterFPSMeter *> VUTesterFPSMeter::allFPSMeters()
     if (!VUTesterAllFPSMeters)
         return {};
     QList<VUTesterFPSMeter *> meters(VUTesterAllFPSMeters->begin(), VUTesterAllFPSMeters->end());
-    QCollator collator;
+    // One fixed locale: labels are names, and the C locale would compare digits one by one.
+    QCollator collator(QLocale(QLocale::English));
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     collator.setNumericMode(true);
     std::stable_sort(meters.begin(), meters.end(), [&](const VUTesterFPSMeter *a, const VUTesterFPSMeter *b) {
