@@ -1,23 +1,7 @@
 #include "VXPerfFrameRecorder.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QWidget>
-
-namespace {
-
-// Work is real time even when frames are stepped.
-double workClock()
-{
-    static QElapsedTimer clock = [] {
-        QElapsedTimer timer;
-        timer.start();
-        return timer;
-    }();
-    return double(clock.nsecsElapsed()) * 1e-9;
-}
-
-} // namespace
 
 VXPerfFrameRecorder::VXPerfFrameRecorder(QWidget *view, QObject *parent)
     : QObject(parent), m_view(view), m_link([](ui::DisplayLink &) {})
@@ -57,14 +41,14 @@ void VXPerfFrameRecorder::stop()
 void VXPerfFrameRecorder::frameWillBegin(double, double)
 {
     m_inFrame = true;
-    m_frameStart = workClock();
+    m_frameStart = ui::DisplayLink::monotonicTime();
 }
 
 void VXPerfFrameRecorder::frameDidEnd(double timestamp, double duration)
 {
     m_inFrame = false;
     QCoreApplication::sendPostedEvents();
-    m_work.push_back(workClock() - m_frameStart);
+    m_work.push_back(ui::DisplayLink::monotonicTime() - m_frameStart);
     m_timestamps.push_back(timestamp);
     m_refreshInterval = duration;
     m_peakWidgets = std::max<qint64>(m_peakWidgets, QApplication::allWidgets().size());

@@ -48,6 +48,7 @@ bool VXPerfHarness::runTest(const QString &name, const QVariantMap &options)
     VXPerfTestEnvironment *environment = m_factory();
     m_navigationController = new VUNavigationController(environment->environmentViewController());
     m_running = true;
+    m_pending = ui::PendingWork(QStringLiteral("the performance test %1").arg(name));
     qCInfo(lcPerf).noquote() << "starting" << name;
     // Closed before the test could begin: there is nothing to measure.
     connect(m_navigationController, &QObject::destroyed, this, [this, name] {
@@ -89,6 +90,7 @@ void VXPerfHarness::end(const VXPerfResult &result)
         m_run->deleteLater();
     m_run = nullptr;
     m_running = false;
+    m_pending.end();
     qCInfo(lcPerf).noquote() << result.toText().trimmed();
     if (m_ownWindow) {
         // Hidden now, so the next run does not take it for the application's; deleted later, as
@@ -101,7 +103,7 @@ void VXPerfHarness::end(const VXPerfResult &result)
         const auto showResult = [presenter, result, alert] {
             if (!presenter || !alert)
                 return;
-            auto *resultAlert = new ui::AlertController(result.test, result.toText().trimmed());
+            auto *resultAlert = new ui::AlertController(result.test, result.toSummary());
             resultAlert->addAction({QStringLiteral("OK"), ui::AlertAction::Style::Default, nullptr});
             presenter->presentViewController(resultAlert, true);
         };

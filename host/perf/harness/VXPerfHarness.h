@@ -12,6 +12,8 @@
 #include "VXPerfTestDefinitions.h"
 #include "VXPerfTestEnvironment.h"
 
+#include "ui/Settle.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QSize>
@@ -65,4 +67,6 @@ private:
     std::unique_ptr<ui::Window> m_ownWindow;
     bool m_showsResultAlerts = true;
     bool m_running = false;
+    // A screen running a test is not settled until the test is over.
+    ui::PendingWork m_pending;
 };

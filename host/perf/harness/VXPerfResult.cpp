@@ -1,5 +1,7 @@
 #include "VXPerfResult.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cmath>
 
@@ -73,4 +75,19 @@ QString VXPerfResult::toText() const
     if (!note.isEmpty())
         text += note + QLatin1Char('\n');
     return text;
+}
+
+QString VXPerfResult::toSummary() const
+{
+    const auto ms = [](const VXPerfDistribution &d) {
+        return QStringLiteral("%1 / %2 / %3 ms").arg(d.p50, 0, 'f', 2).arg(d.p99, 0, 'f', 2).arg(d.max, 0, 'f', 2);
+    };
+    QStringList lines{QStringLiteral("%1 frames at %2 fps (%3 Hz)").arg(frames).arg(fps, 0, 'f', 1).arg(refreshRate, 0, 'f', 0),
+                      QStringLiteral("frame time p50 / p99 / max:"), ms(frameTimeMs),
+                      QStringLiteral("%1 frames over budget").arg(framesOverBudget),
+                      QStringLiteral("work p50 / p99 / max:"), ms(workMs),
+                      QStringLiteral("peak %1 MiB, %2 widgets").arg(double(peakRssBytes) / (1024.0 * 1024.0), 0, 'f', 1).arg(peakWidgets)};
+    if (!note.isEmpty())
+        lines << note;
+    return lines.join(QLatin1Char('\n'));
 }

@@ -45,4 +45,6 @@ struct VXPerfResult {
     QJsonObject toJson() const;
     // A few lines for a person.
     QString toText() const;
+    // The same in short lines, for a narrow alert that names the test itself.
+    QString toSummary() const;
 };

@@ -11,6 +11,8 @@
 
 #include <QTest>
 
+#include "PhoneWindow.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
@@ -64,9 +66,7 @@ TEST(GadgetCollection, CardsStackWithoutOverlapAndRectangleQueriesFindExactlyTho
 {
     ui::Window window;
     auto *gadgets = new VXGadgetUIViewController(new VXGadgetCollectionViewLayout, new VXProtoCurioDataSourceManager(6, 20));
-    window.setRootViewController(gadgets);
-    window.resize(390, 844);
-    window.show();
+    showInPhoneWindow(window, gadgets);
     ui::CollectionView *view = gadgets->collectionView();
     view->layoutIfNeeded();
     auto *layout = static_cast<VXGadgetCollectionViewLayout *>(view->collectionViewLayout());

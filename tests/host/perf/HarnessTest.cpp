@@ -16,6 +16,8 @@
 #include <QSet>
 #include <QTest>
 
+#include "PhoneWindow.h"
+
 #include <gtest/gtest.h>
 
 TEST(PerfResult, PercentilesByNearestRankAndFramesThatMissedARefresh)
@@ -113,9 +115,7 @@ struct SteppedFixture : ::testing::Test {
 
     void SetUp() override
     {
-        window.setRootViewController(navigation);
-        window.resize(390, 844);
-        window.show();
+        showInPhoneWindow(window, navigation);
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     }
     // Frames, and the event loop between them, until `done` or `limit` frames.

@@ -1,6 +1,7 @@
 // Navigation transitions on the frame timer: a delegate's own animation, the container's slide,
 // interruptions, and frame observers around each frame.
 
+#include "PhoneWindow.h"
 #include "QtPrinters.h"
 
 #include "ui/AnimatedTransitioning.h"
@@ -72,9 +73,7 @@ struct TransitionFixture : ::testing::Test {
     {
         root->setTitle(QStringLiteral("Root"));
         navigation->setDelegate(&delegate);
-        window.setRootViewController(navigation);
-        window.resize(390, 600);
-        window.show();
+        showInPhoneWindow(window, navigation, QSize(390, 600));
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     }
     ui::ViewController *next()

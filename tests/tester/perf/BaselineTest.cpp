@@ -1,6 +1,7 @@
 // The baseline environments: each scene's view and delay, the transitions, aborts on unknown
 // names, and the Vexo screen's rows.
 
+#include "PhoneWindow.h"
 #include "QtPrinters.h"
 
 #include "perf/VUTesterVexoSettings.h"
@@ -39,9 +40,7 @@ struct Environment {
 
     Environment()
     {
-        window.setRootViewController(navigation);
-        window.resize(390, 844);
-        window.show();
+        showInPhoneWindow(window, navigation);
     }
 };
 
@@ -190,9 +189,7 @@ TEST(VexoBaseline, DoneDismissesThePresentedEnvironment)
 {
     ui::Window window;
     auto *root = new ui::ViewController;
-    window.setRootViewController(root);
-    window.resize(390, 844);
-    window.show();
+    showInPhoneWindow(window, root);
     auto *baseline = new VUTesterVexoBaselineViewController;
     root->presentViewController(new ui::NavigationController(baseline), false);
     const auto &left = baseline->navigationItem()->leftBarButtonItems();
@@ -213,9 +210,7 @@ struct VexoScreenFixture : ::testing::Test {
 
     void SetUp() override
     {
-        window.setRootViewController(navigation);
-        window.resize(390, 844);
-        window.show();
+        showInPhoneWindow(window, navigation);
     }
     void tap(const QString &title)
     {

@@ -1,6 +1,7 @@
 // The velocity filter playground's text and bars, and the initial velocities playground's
 // conversions.
 
+#include "PhoneWindow.h"
 #include "QtPrinters.h"
 
 #include "perf/VUTesterAnimationsSettings.h"
@@ -47,9 +48,7 @@ struct VelocityPlaygroundFixture : ::testing::Test {
     void show()
     {
         playground = new VUTesterVelocityFilterPlaygroundViewController(settings);
-        window.setRootViewController(playground);
-        window.resize(400, 800);
-        window.show();
+        showInPhoneWindow(window, playground, QSize(400, 800));
     }
     void TearDown() override { settings->setDefaultValues(); }
     // A drag from the middle to the left and up, a frame between moves; the finger stays down.
@@ -156,9 +155,7 @@ struct InitialVelocitiesFixture : ::testing::Test {
     void SetUp() override
     {
         playground->setRandomSource([this] { return random; });
-        window.setRootViewController(new ui::NavigationController(playground));
-        window.resize(390, 844);
-        window.show();
+        showInPhoneWindow(window, new ui::NavigationController(playground));
         s_log = &logged;
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &context, const QString &message) {
             if (QByteArray(context.category) == "vistra.perf.animations")
@@ -268,9 +265,7 @@ TEST(AlongsideLayerPlayground, TheCornersTurnOnTheSameSpringAsTheMove)
     ui::DisplayLink::ManualStepping frames(60);
     ui::Window window;
     auto *playground = new VUTesterAlongsideLayerAnimationsPlaygroundViewController;
-    window.setRootViewController(playground);
-    window.resize(390, 844);
-    window.show();
+    showInPhoneWindow(window, playground);
     VUView *view = playground->testView();
     playground->animateViewsToCenter(QPointF(260, 600));
     frames.step(20);
