@@ -2,12 +2,8 @@
 // the window; with one it works headless and exits.
 
 #include "Commands.h"
+#include "TesterWindow.h"
 #include "dispatch/Dispatch.h"
-#include "library/LibraryBrowserWidget.h"
-
-#include "shell/VUTesterRootSettingsViewController.h"
-#include "ui/Notifications.h"
-#include "ui/Window.h"
 
 #include <photos/PrivateFolders.h>
 #include <photos/VHPhotoLibrary.h>
@@ -15,7 +11,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QTabWidget>
 #include <QTextStream>
 
 #include <unistd.h>
@@ -96,16 +91,7 @@ int main(int argc, char **argv)
         return status;
     }
 
-    ui::installApplicationNotifications();
-    QTabWidget window;
-    window.setWindowTitle(QStringLiteral("VistraUITester"));
-    auto *tester = new ui::Window;
-    tester->setRootViewController(new VUTesterRootSettingsViewController);
-    window.addTab(tester, QStringLiteral("Tester"));
-    // The library the tester fills, beside it rather than inside the module.
-    window.addTab(new LibraryBrowserWidget, QStringLiteral("Library"));
-    // A phone-sized window to start with; it resizes freely.
-    window.resize(390, 844);
+    TesterWindow window;
     window.show();
     const int status = application.exec();
     endWorkers();
