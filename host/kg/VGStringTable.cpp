@@ -28,6 +28,7 @@ public:
                     return false;
                 if (atEnd())
                     return fail(QStringLiteral("the file ends where the value of \"%1\" should be").arg(key));
+                value.clear();
                 if (!readString(&value, "a value"))
                     return false;
                 if (!skipSpaceAndComments())
