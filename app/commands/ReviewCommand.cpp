@@ -159,7 +159,10 @@ int runFonts(const QStringList &arguments)
     // For this run only: nothing is saved.
     VUTesterStoryletsRelatedSettings::sharedInstance()->setCapturedDataFolder(folder);
     VUTesterStoryletsFontsReviewViewController review;
+    // Shown as far as Qt knows, though never on a screen, so it is laid out at this size.
+    review.view()->setAttribute(Qt::WA_DontShowOnScreen);
     review.view()->resize(kSheetWindowSize);
+    review.view()->show();
     QTextStream out(stdout);
     if (parser.isSet(QStringLiteral("record")))
         return record(review, out);

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class VXImagePlaceholderView : public QWidget {
+    Q_OBJECT
 public:
     explicit VXImagePlaceholderView(QWidget *parent = nullptr) : QWidget(parent) {}
     const VXImageViewSpec &spec() const { return m_spec; }

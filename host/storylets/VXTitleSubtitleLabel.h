@@ -15,6 +15,7 @@
 #include <memory>
 
 class VXTitleSubtitleLabel : public QWidget {
+    Q_OBJECT
 public:
     explicit VXTitleSubtitleLabel(QWidget *parent = nullptr);
     ~VXTitleSubtitleLabel() override;

@@ -40,14 +40,6 @@ bool fontIsInstalled(const QString &family)
     return families.contains(family, Qt::CaseInsensitive);
 }
 
-QString columnTitle(const QString &font)
-{
-    QString title = font.left(8) + QStringLiteral("…");
-    if (!fontIsInstalled(font))
-        title += QStringLiteral(" (missing)");
-    return title;
-}
-
 bool writePng(const QImage &image, const QString &path, QString *error)
 {
     QSaveFile file(path);
@@ -79,6 +71,14 @@ bool prepareFolder(const QString &folder, QString *error)
 } // namespace
 
 void *const VUTesterExtendedTraitCollectionObservationContext = &g_observationContext;
+
+QString VUTesterStoryletsFontsReviewViewController::columnTitleForFont(const QString &font)
+{
+    QString title = font.left(8) + QStringLiteral("…");
+    if (!fontIsInstalled(font))
+        title += QStringLiteral(" (missing)");
+    return title;
+}
 
 const QString VUTesterStoryletsFontsReviewViewController::kSnapshotFileNameFormat = QStringLiteral("VUTesterStoryletsFontsReview-%03i.png");
 const QString VUTesterStoryletsFontsReviewViewController::kRecordingImageFileName = QStringLiteral("VUTesterStoryletsFontsReview.png");
@@ -184,7 +184,7 @@ void VUTesterStoryletsFontsReviewViewController::_updateTileViews()
     for (const QVariant &fontValue : fonts) {
         const QString font = fontValue.toString();
         if (fonts.size() > 1)
-            matrix.setTitle(columnTitle(font), column, 0);
+            matrix.setTitle(columnTitleForFont(font), column, 0);
         qint64 row = 1;
         for (const QVariant &titleValue : titles) {
             const QString title = titleValue.toString();

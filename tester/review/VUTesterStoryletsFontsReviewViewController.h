@@ -40,6 +40,9 @@ public:
     static constexpr qint64 kMaximumCollagePixels = 256LL * 1000 * 1000;
 
     explicit VUTesterStoryletsFontsReviewViewController(QObject *parent = nullptr);
+    // A font's column title: its first eight characters and "…", then " (missing)" when no
+    // installed font has that name.
+    static QString columnTitleForFont(const QString &font);
     ~VUTesterStoryletsFontsReviewViewController() override;
 
     // The review's own copy of the shared settings, taken when the view loads.
