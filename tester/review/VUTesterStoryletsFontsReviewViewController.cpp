@@ -45,6 +45,8 @@ bool writePng(const QImage &image, const QString &path, QString *error)
     QSaveFile file(path);
     if (file.open(QIODevice::WriteOnly)) {
         QImageWriter writer(&file, "png");
+        // zlib's fastest level: sheets are mostly flat colour and compress well at any level.
+        writer.setQuality(80);
         if (writer.write(image) && file.commit())
             return true;
         *error = QStringLiteral("couldn't write %1: %2").arg(path, writer.error() != QImageWriter::UnknownError ? writer.errorString() : file.errorString());

@@ -66,7 +66,9 @@ void VUTesterViewMatrixScrollView::setNaturalContentFrame(const QRectF &frame)
 
 QImage VUTesterViewMatrixScrollView::renderContent(const QColor &background) const
 {
-    QImage image(m_naturalSize.toSize(), QImage::Format_ARGB32_Premultiplied);
+    // An opaque picture is stored without alpha: PNG encodes it faster and smaller.
+    const bool opaque = background.isValid() && background.alpha() == 255;
+    QImage image(m_naturalSize.toSize(), opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return image;
     image.fill(background.isValid() ? background : QColor(Qt::transparent));
