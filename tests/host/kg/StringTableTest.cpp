@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
+#include "TestFiles.h"
 
 namespace {
 
@@ -26,14 +27,6 @@ QString parseError(const QString &text)
     QString error;
     EXPECT_FALSE(VGStringTable::parse(text, &table, &error)) << "parsed: " << text.toStdString();
     return error;
-}
-
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 
 } // namespace
@@ -89,11 +82,11 @@ TEST(StringTable, LoadsUtf8AndUtf16FilesAndRefusesOtherBytes)
 {
     QTemporaryDir dir;
     const QString text = QString::fromUtf8("\"k\" = \"Zürich 米兰\";");
-    writeFile(dir.filePath("utf8.strings"), text.toUtf8());
+    ASSERT_TRUE(writeTestFile(dir.filePath("utf8.strings"), text.toUtf8()));
     QByteArray utf16("\xff\xfe", 2);
     utf16.append(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
-    writeFile(dir.filePath("utf16.strings"), utf16);
-    writeFile(dir.filePath("latin1.strings"), QByteArray("\"k\" = \"Z\xfcrich\";"));
+    ASSERT_TRUE(writeTestFile(dir.filePath("utf16.strings"), utf16));
+    ASSERT_TRUE(writeTestFile(dir.filePath("latin1.strings"), QByteArray("\"k\" = \"Z\xfcrich\";")));
 
     for (const char *name : {"utf8.strings", "utf16.strings"}) {
         VGStringTable table;
@@ -112,9 +105,9 @@ TEST(StringTable, LoadsUtf8AndUtf16FilesAndRefusesOtherBytes)
 TEST(Bundle, LooksKeysUpInItsTablesAndAnswersNothingFromABrokenOne)
 {
     QTemporaryDir dir;
-    writeFile(dir.filePath("de.lproj/Localizable.strings"), QByteArray("\"Hello\" = \"Hallo\";"));
-    writeFile(dir.filePath("de.lproj/Other.strings"), QByteArray("\"Hello\" = \"Servus\";"));
-    writeFile(dir.filePath("de.lproj/Broken.strings"), QByteArray("\"Hello\" = \"Hallo\""));
+    ASSERT_TRUE(writeTestFile(dir.filePath("de.lproj/Localizable.strings"), QByteArray("\"Hello\" = \"Hallo\";")));
+    ASSERT_TRUE(writeTestFile(dir.filePath("de.lproj/Other.strings"), QByteArray("\"Hello\" = \"Servus\";")));
+    ASSERT_TRUE(writeTestFile(dir.filePath("de.lproj/Broken.strings"), QByteArray("\"Hello\" = \"Hallo\"")));
     const VGBundle bundle(dir.filePath("de.lproj"));
     EXPECT_EQ(bundle.localizedStringForKey("Hello"), "Hallo");
     EXPECT_EQ(bundle.localizedStringForKey("Hello", QString(), "Other"), "Servus");

@@ -9,28 +9,17 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
-
-namespace {
-
-void write(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-} // namespace
+#include "TestFiles.h"
 
 TEST(GraphStrings, IndexesLanguageFoldersAndFormatsTheirTexts)
 {
     QTemporaryDir dir;
-    write(dir.filePath("zh-Hans.lproj/Localizable.strings"), "\"VGGenericStoryletTitle\" = \"回忆\";");
-    write(dir.filePath("En.lproj/Localizable.strings"),
-          "\"VGBestOfLastWeeksStoryletTitleFormatWithNumberOfWeeks %lu\" = \"Best of the\\nlast %lu weeks, 100%%\";\n"
-          "\"VGGenericStoryletTitle\" = \"Two\\\\nlines\";\n");
-    write(dir.filePath("de.lproj/Localizable.strings"), "\"broken\"");
-    write(dir.filePath("notes.txt"), "not a language");
+    ASSERT_TRUE(writeTestFile(dir.filePath("zh-Hans.lproj/Localizable.strings"), "\"VGGenericStoryletTitle\" = \"回忆\";"));
+    ASSERT_TRUE(writeTestFile(dir.filePath("En.lproj/Localizable.strings"),
+                              "\"VGBestOfLastWeeksStoryletTitleFormatWithNumberOfWeeks %lu\" = \"Best of the\\nlast %lu weeks, 100%%\";\n"
+                              "\"VGGenericStoryletTitle\" = \"Two\\\\nlines\";\n"));
+    ASSERT_TRUE(writeTestFile(dir.filePath("de.lproj/Localizable.strings"), "\"broken\""));
+    ASSERT_TRUE(writeTestFile(dir.filePath("notes.txt"), "not a language"));
     QDir().mkpath(dir.filePath("Resources"));
 
     const VUTesterStoryletsGraphStrings strings(dir.path());

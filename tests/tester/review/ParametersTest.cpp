@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "QtPrinters.h"
+#include "TestFiles.h"
 
 namespace {
 
@@ -58,12 +59,9 @@ QStringList titles(const QList<ui::BarButtonItem *> &items)
     return list;
 }
 
-void writeTable(const QString &folder, const QString &language, const QByteArray &table)
+bool writeTable(const QString &folder, const QString &language, const QByteArray &table)
 {
-    QDir().mkpath(folder + "/" + language + ".lproj");
-    QFile file(folder + "/" + language + ".lproj/Localizable.strings");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(table);
+    return writeTestFile(folder + "/" + language + ".lproj/Localizable.strings", table);
 }
 
 } // namespace
@@ -151,8 +149,8 @@ TEST(StoryletsParameters, GraphStringsModeWritesItsValueAndEnumeratesEveryLangua
 {
     QTemporaryDir dir;
     const QString first = VUTesterStoryletsGraphStrings::keys().first();
-    writeTable(dir.path(), "de", "\"" + first.toUtf8() + "\" = \"Die letzten %lu Monate\";");
-    writeTable(dir.path(), "en", "\"" + first.toUtf8() + "\" = \"Last %lu months\";\n\"VGGenericStoryletTitle\" = \"Memories\";");
+    ASSERT_TRUE(writeTable(dir.path(), "de", "\"" + first.toUtf8() + "\" = \"Die letzten %lu Monate\";"));
+    ASSERT_TRUE(writeTable(dir.path(), "en", "\"" + first.toUtf8() + "\" = \"Last %lu months\";\n\"VGGenericStoryletTitle\" = \"Memories\";"));
     VUTesterStoryletsGraphStrings strings(dir.path());
 
     Fixture f;
