@@ -1,11 +1,11 @@
-// The main of every benchmark program: a GUI application on the offscreen platform (text is drawn
-// with fonts; nothing is shown) and private data, config and temporary folders, so a benchmark
-// never touches the user's library or settings.
+// The main of every benchmark program: a widgets application on the offscreen platform (text is
+// drawn with fonts, screens are laid out and painted; nothing is shown) and private data, config
+// and temporary folders, so a benchmark never touches the user's library or settings.
 
 #include "dispatch/Dispatch.h"
 
 #include <QFile>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -19,7 +19,7 @@ int main(int argc, char **argv)
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
