@@ -14,6 +14,7 @@ int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
 int runLayoutCommand(const QStringList &arguments);
+int runShotCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
     {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
@@ -24,6 +25,7 @@ static const Command kCommands[] = {
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
     {"layout", "print the geometries a layouts playground generator makes of N items", runLayoutCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
+    {"shot", "picture a screen, reached by row titles from the root, as a PNG", runShotCommand},
 };
 
 const Command *commands(int *count)
@@ -42,7 +44,11 @@ const Command *findCommand(const QString &name)
 
 static int report(const char *command, const QString &message, int status)
 {
-    QTextStream(stderr) << "vistra-tester " << command << ": " << message << Qt::endl;
+    QTextStream err(stderr);
+    err << "vistra-tester";
+    if (*command)
+        err << ' ' << command;
+    err << ": " << message << Qt::endl;
     return status;
 }
 
@@ -54,6 +60,11 @@ int usageError(const char *command, const QString &message)
 int failure(const char *command, const QString &message)
 {
     return report(command, message, ExitFailure);
+}
+
+QString countText(qint64 count, const char *singular, const char *plural)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QString::fromUtf8(count == 1 ? singular : plural));
 }
 
 } // namespace app

@@ -3,13 +3,13 @@
 // Prints the geometries one of the layouts playground's generators makes of N items.
 
 #include "../Commands.h"
+#include "JsonOutput.h"
 #include "MediaOptions.h"
 
 #include <layouts/VUTesterLayoutGeneratorPlaygroundSettings.h>
 
 #include <QCommandLineParser>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextStream>
 
@@ -20,7 +20,7 @@ namespace {
 
 constexpr const char *kName = "layout";
 // Enough for any grid a screen shows; more only costs memory.
-constexpr qint64 kMaximumItems = 1000000;
+constexpr double kMaximumItems = 1000000;
 constexpr double kMaximumExtent = 1000000;
 
 struct Generator {
@@ -42,25 +42,12 @@ QString generatorNames()
     return names.join(QStringLiteral(", "));
 }
 
-// A whole number within [minimum, maximum]; false with a message otherwise.
-bool parseInteger(const QString &option, const QString &text, qint64 minimum, qint64 maximum, qint64 *value, QString *message)
-{
-    bool ok = false;
-    const qint64 number = text.toLongLong(&ok);
-    if (!ok || number < minimum || number > maximum) {
-        *message = QStringLiteral("%1 wants a whole number from %2 to %3 (got '%4')").arg(option).arg(minimum).arg(maximum).arg(text);
-        return false;
-    }
-    *value = number;
-    return true;
-}
-
 // "a,b,c": one value per item from the first, at most `count` of them.
 bool splitList(const QString &option, const QString &text, qint64 count, QStringList *values, QString *message)
 {
     *values = text.split(QLatin1Char(','));
     if (values->size() > count) {
-        *message = QStringLiteral("%1 lists %2 values for %3 items").arg(option).arg(values->size()).arg(count);
+        *message = QStringLiteral("--%1 lists %2 values for %3 items").arg(option).arg(values->size()).arg(count);
         return false;
     }
     return true;
@@ -125,34 +112,32 @@ int runLayoutCommand(const QStringList &arguments)
             return usageError(kName, QStringLiteral("--%1 is required").arg(QString::fromLatin1(required)));
 
     QString message;
-    qint64 items = 0, key = 0;
-    double width = 0;
-    if (!parseInteger(QStringLiteral("--items"), parser.value(QStringLiteral("items")), 0, kMaximumItems, &items, &message)
-        || !parseNumberOption(QStringLiteral("--width"), parser.value(QStringLiteral("width")), 0, false, &width, &message))
+    double items = 0, width = 0, height = 0, key = 0;
+    const NumberRange extent{0, kMaximumExtent, true, false};
+    if (!parseNumberOption(QStringLiteral("items"), parser.value(QStringLiteral("items")), {0, kMaximumItems, false, true}, &items, &message)
+        || !parseNumberOption(QStringLiteral("width"), parser.value(QStringLiteral("width")), extent, &width, &message))
         return usageError(kName, message);
-    double height = width;
-    if (parser.isSet(QStringLiteral("height"))
-        && !parseNumberOption(QStringLiteral("--height"), parser.value(QStringLiteral("height")), 0, false, &height, &message))
+    height = width;
+    if (parser.isSet(QStringLiteral("height")) && !parseNumberOption(QStringLiteral("height"), parser.value(QStringLiteral("height")), extent, &height, &message))
         return usageError(kName, message);
-    if (width > kMaximumExtent || height > kMaximumExtent)
-        return usageError(kName, QStringLiteral("--width and --height go up to %1 points").arg(kMaximumExtent));
-    if (parser.isSet(QStringLiteral("key")) && !parseInteger(QStringLiteral("--key"), parser.value(QStringLiteral("key")), 0, items, &key, &message))
+    if (parser.isSet(QStringLiteral("key")) && !parseNumberOption(QStringLiteral("key"), parser.value(QStringLiteral("key")), {0, items, false, true}, &key, &message))
         return usageError(kName, message);
+    const auto count = qint64(items);
 
-    std::vector<VXLayoutItem> layoutItems(static_cast<size_t>(items), VXLayoutItem(VUTesterLayoutInput::sizeForKind(0), 0));
+    std::vector<VXLayoutItem> layoutItems(static_cast<size_t>(count), VXLayoutItem(VUTesterLayoutInput::sizeForKind(0), 0));
     QStringList values;
     if (parser.isSet(QStringLiteral("kinds"))) {
-        if (!splitList(QStringLiteral("--kinds"), parser.value(QStringLiteral("kinds")), items, &values, &message))
+        if (!splitList(QStringLiteral("kinds"), parser.value(QStringLiteral("kinds")), count, &values, &message))
             return usageError(kName, message);
         for (qsizetype i = 0; i < values.size(); ++i) {
-            qint64 kind = 0;
-            if (!parseInteger(QStringLiteral("--kinds"), values[i].trimmed(), 0, 4, &kind, &message))
+            double kind = 0;
+            if (!parseNumberOption(QStringLiteral("kinds"), values[i].trimmed(), {0, 4, false, true}, &kind, &message))
                 return usageError(kName, message);
-            layoutItems[size_t(i)] = VXLayoutItem(VUTesterLayoutInput::sizeForKind(kind), 0);
+            layoutItems[size_t(i)] = VXLayoutItem(VUTesterLayoutInput::sizeForKind(qint64(kind)), 0);
         }
     }
     if (parser.isSet(QStringLiteral("weights"))) {
-        if (!splitList(QStringLiteral("--weights"), parser.value(QStringLiteral("weights")), items, &values, &message))
+        if (!splitList(QStringLiteral("weights"), parser.value(QStringLiteral("weights")), count, &values, &message))
             return usageError(kName, message);
         for (qsizetype i = 0; i < values.size(); ++i) {
             bool ok = false;
@@ -164,12 +149,11 @@ int runLayoutCommand(const QStringList &arguments)
     }
 
     const std::unique_ptr<VXLayoutGenerator> layout = generator->factory()(QSizeF(width, height));
-    layout->setItemCount(items);
-    layout->setKeyItemIndex(key >= 1 ? key - 1 : VXNotFound);
+    layout->setItemCount(count);
+    layout->setKeyItemIndex(key >= 1 ? qint64(key) - 1 : VXNotFound);
     layout->setItemLayoutInfoBlock([&layoutItems](qint64 index) { return layoutItems[size_t(index)]; });
-    const qint64 count = layout->numberOfGeometriesWithKind(VXLayoutGeometryKindItem);
     std::vector<VXLayoutGeometry> geometries(static_cast<size_t>(count));
-    layout->getGeometries(geometries.data(), {0, count}, VXLayoutGeometryKindItem);
+    layout->getGeometries(geometries.data(), {0, layout->numberOfGeometriesWithKind(VXLayoutGeometryKindItem)}, VXLayoutGeometryKindItem);
     const QSizeF content = layout->size();
 
     QTextStream out(stdout);
@@ -181,11 +165,9 @@ int runLayoutCommand(const QStringList &arguments)
                                     {QStringLiteral("center"), QJsonArray{g.center.x(), g.center.y()}},
                                     {QStringLiteral("size"), QJsonArray{g.size.width(), g.size.height()}}});
         }
-        out << QJsonDocument(QJsonObject{{QStringLiteral("generator"), QString::fromLatin1(generator->name)},
+        writeJsonObject(out, QJsonObject{{QStringLiteral("generator"), QString::fromLatin1(generator->name)},
                                          {QStringLiteral("contentSize"), QJsonArray{content.width(), content.height()}},
-                                         {QStringLiteral("items"), list}})
-                   .toJson(QJsonDocument::Compact)
-            << '\n';
+                                         {QStringLiteral("items"), list}});
         return ExitOk;
     }
     out << "content size " << number(content.width()) << " x " << number(content.height()) << '\n';

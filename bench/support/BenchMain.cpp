@@ -1,6 +1,6 @@
-// The main of every benchmark program: a widgets application on the offscreen platform (text is
-// drawn with fonts, screens are laid out and painted; nothing is shown) and private data, config
-// and temporary folders, so a benchmark never touches the user's library or settings.
+// The main of every benchmark program: an application on the offscreen platform (text is drawn
+// with fonts, widgets paint into an offscreen backing store; nothing is shown) and private data,
+// config and temporary folders, so a benchmark never touches the user's library or settings.
 
 #include "dispatch/Dispatch.h"
 

@@ -53,3 +53,12 @@ void TWUISettingsChoiceViewController::choose(int index)
     if (ui::NavigationController *navigation = navigationController(); navigation && navigation->topViewController() == this)
         navigation->popViewControllerAnimated(true);
 }
+
+QList<ui::TappableRow> TWUISettingsChoiceViewController::tappableRows()
+{
+    QList<ui::TappableRow> rows;
+    const QStringList titles = m_row->titles();
+    for (int i = 0; i < titles.size(); ++i)
+        rows.append({QString(), titles[i], [this, i] { choose(i); }});
+    return rows;
+}

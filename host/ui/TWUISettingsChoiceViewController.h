@@ -4,6 +4,7 @@
 
 #include "settings/TWModule.h"
 
+#include "ui/TappableRows.h"
 #include "ui/ViewController.h"
 
 #include <vector>
@@ -11,7 +12,7 @@
 class TWSettings;
 class TWUISettingsCell;
 
-class TWUISettingsChoiceViewController : public ui::ViewController {
+class TWUISettingsChoiceViewController : public ui::ViewController, public ui::TappableRows {
     Q_OBJECT
 public:
     // `module` keeps `row` alive while the screen is shown.
@@ -20,6 +21,8 @@ public:
     const TWChoiceRow *row() const { return m_row; }
     // Picks the value at `index`, as a tap on its row does.
     void choose(int index);
+    // The values, by title.
+    QList<ui::TappableRow> tappableRows() override;
 
 protected:
     QWidget *loadView() override;

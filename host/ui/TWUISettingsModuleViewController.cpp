@@ -95,6 +95,21 @@ void TWUISettingsModuleViewController::tapRow(const TWRow *row)
         navigationController()->pushViewController(new TWUISettingsChoiceViewController(m_settings, m_module, choice), true);
 }
 
+QList<ui::TappableRow> TWUISettingsModuleViewController::tappableRows()
+{
+    QList<ui::TappableRow> rows;
+    if (!m_module)
+        return rows;
+    for (const TWSection &section : m_module->sections()) {
+        if (!section.isVisible(m_settings))
+            continue;
+        for (const TWRowPtr &row : section.rows)
+            if (isTappable(row.get()) && row->isVisible(m_settings))
+                rows.append({section.title, row->displayTitle(m_settings), [this, row = row.get()] { tapRow(row); }});
+    }
+    return rows;
+}
+
 TWUISettingsCell *TWUISettingsModuleViewController::cellForRow(const TWRow *row) const
 {
     for (const SectionBinding &section : m_sections)

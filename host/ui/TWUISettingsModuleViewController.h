@@ -5,6 +5,7 @@
 
 #include "settings/TWModule.h"
 
+#include "ui/TappableRows.h"
 #include "ui/ViewController.h"
 
 #include <functional>
@@ -15,7 +16,7 @@ class TWUISettingsCell;
 class TWUISettingsController;
 class TWUISettingsSectionView;
 
-class TWUISettingsModuleViewController : public ui::ViewController {
+class TWUISettingsModuleViewController : public ui::ViewController, public ui::TappableRows {
     Q_OBJECT
 public:
     TWUISettingsModuleViewController(TWSettings *settings, TWModulePtr module, TWUISettingsController *settingsController);
@@ -28,6 +29,8 @@ public:
     TWSettings *drillDownTarget(const TWRow *row) const;
     // Whether tapping the row does anything.
     bool isTappable(const TWRow *row) const;
+    // The rows shown now that a tap acts on.
+    QList<ui::TappableRow> tappableRows() override;
     // The cell showing a row, once the view is loaded.
     TWUISettingsCell *cellForRow(const TWRow *row) const;
 

@@ -197,6 +197,13 @@ void CollectionView::layoutIfNeeded()
         return;
     m_inLayout = true;
     ensureCounts();
+    // Asked here as well as on every bounds change: a hidden view is resized without events.
+    const QRectF visible = bounds();
+    if (visible != m_askedBounds) {
+        m_askedBounds = visible;
+        if (!m_needsLayoutPass && m_layout->shouldInvalidateLayoutForBoundsChange(visible))
+            m_needsLayoutPass = true;
+    }
     if (m_needsLayoutPass) {
         m_needsLayoutPass = false;
         m_layout->prepareLayout();
@@ -208,10 +215,7 @@ void CollectionView::layoutIfNeeded()
 
 void CollectionView::boundsDidChange()
 {
-    if (m_layout && !m_needsLayoutPass && m_layout->shouldInvalidateLayoutForBoundsChange(bounds()))
-        m_needsLayoutPass = true;
-    if (!m_inLayout)
-        layoutIfNeeded();
+    layoutIfNeeded();
 }
 
 void CollectionView::updateVisibleElements()

@@ -167,6 +167,7 @@ private:
     bool m_needsLayoutPass = true;
     bool m_passPosted = false;
     bool m_inLayout = false;
+    QRectF m_askedBounds;
 
     QHash<QString, CellFactory> m_cellFactories;
     QHash<QString, SupplementaryViewFactory> m_supplementaryFactories;

@@ -2,6 +2,7 @@
 
 #include "BarButtonItem.h"
 #include "ButtonText.h"
+#include "Settle.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -241,6 +242,7 @@ void NavigationController::transition(ViewController *from, ViewController *to, 
         }
     });
     connect(t->animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
+    Settle::track(t->animation, push ? QStringLiteral("push of \"%1\"").arg(to->title()) : QStringLiteral("pop to \"%1\"").arg(to->title()));
     t->animation->start();
 }
 

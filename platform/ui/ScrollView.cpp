@@ -204,13 +204,7 @@ void ScrollView::setContentOffset(QPointF offset, bool animated)
         applyOffset(offset);
         return;
     }
-    Motion &m = *m_motion;
-    m.curve = true;
-    m.zoomCurve = false;
-    m.curveStart = DisplayLink::currentTime();
-    m.fromOffset = m_offset;
-    m.toOffset = offset;
-    startAnimating();
+    startCurve(offset, m_zoomScale, false);
 }
 
 void ScrollView::scrollRectToVisible(const QRectF &rect, bool animated)
@@ -518,17 +512,17 @@ void ScrollView::applyZoom(double scale, QPointF anchor)
         m_delegate->didZoom(this);
 }
 
-void ScrollView::animateZoom(double scale, QPointF offset)
+void ScrollView::startCurve(QPointF offset, double scale, bool zoom)
 {
     stopMotion();
     Motion &m = *m_motion;
     m.curve = true;
-    m.zoomCurve = true;
+    m.zoomCurve = zoom;
     m.curveStart = DisplayLink::currentTime();
-    m.fromScale = m_zoomScale;
-    m.toScale = scale;
     m.fromOffset = m_offset;
     m.toOffset = offset;
+    m.fromScale = m_zoomScale;
+    m.toScale = scale;
     startAnimating();
 }
 
@@ -552,8 +546,7 @@ void ScrollView::setZoomScale(double scale, bool animated)
         return;
     }
     const QPointF offset = (m_offset + centre) / m_zoomScale * scale - centre;
-    stopMotion();
-    animateZoom(scale, clampOffset(offset, offsetRange(m_zoomBaseSize * scale, QSizeF(size()), m_inset)));
+    startCurve(clampOffset(offset, offsetRange(m_zoomBaseSize * scale, QSizeF(size()), m_inset)), scale, true);
 }
 
 void ScrollView::zoomToRect(const QRectF &rect, bool animated)
@@ -565,7 +558,7 @@ void ScrollView::zoomToRect(const QRectF &rect, bool animated)
                                        offsetRange(m_zoomBaseSize * scale, QSizeF(size()), m_inset));
     stopMotion();
     if (animated) {
-        animateZoom(scale, offset);
+        startCurve(offset, scale, true);
         return;
     }
     applyZoom(scale, QPointF());
@@ -610,7 +603,7 @@ void ScrollView::handlePinch()
         const QPointF offset = (m_offset + anchor) / m_zoomScale * target - anchor;
         const QPointF clamped = clampOffset(offset, offsetRange(m_zoomBaseSize * target, QSizeF(size()), m_inset));
         if (target != m_zoomScale) {
-            animateZoom(target, clamped);
+            startCurve(clamped, target, true);
             m_zoomBouncing = true;
         } else {
             finishZoom();

@@ -163,7 +163,8 @@ private:
     QWidget *zoomView();
     void applyZoom(double scale, QPointF anchor);
     void setZoomGeometry(double scale);
-    void animateZoom(double scale, QPointF offset);
+    // An eased move to `offset` and, when `zoom`, to `scale` as well.
+    void startCurve(QPointF offset, double scale, bool zoom);
     void finishZoom();
     void updateIndicators();
     void showIndicators();

@@ -3,11 +3,10 @@
 #include "filler/VUTesterLibraryFillOperation.h"
 
 #include "dispatch/Dispatch.h"
+#include "photos/PrivateFolders.h"
 #include "photos/VHSystemLibraryPathManager.h"
 #include "ui/AlertController.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QPointer>
 
@@ -281,13 +280,15 @@ void VUTesterLibraryFillerSettings::_cancelOperations()
     setValue(QStringLiteral("internalCancelable"), false);
 }
 
-void VUTesterLibraryFillerSettings::_clearFileBacked()
+bool VUTesterLibraryFillerSettings::_clearFileBacked(QString *error)
 {
     const QString path = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
-    const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        return;
-    const bool removed = info.isDir() ? QDir(path).removeRecursively() : QFile::remove(path);
-    if (!removed)
-        qCWarning(lcFill).noquote() << QStringLiteral("Failed to remove file backed data at %1: %2").arg(path, QStringLiteral("the file or folder could not be removed"));
+    // When the directory is a link, the link goes: the folder it points to is the user's.
+    QString reason;
+    if (photos::removeTree(path, &reason))
+        return true;
+    qCWarning(lcFill).noquote() << QStringLiteral("Failed to remove file backed data at %1: %2").arg(path, reason);
+    if (error)
+        *error = reason;
+    return false;
 }

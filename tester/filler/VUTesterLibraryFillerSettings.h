@@ -76,8 +76,9 @@ public:
     void _updateProgress();
     // Cancels every running operation; each leaves the set when it has finished its asset.
     void _cancelOperations();
-    // Removes the file-backed debug directory, if there is one.
-    static void _clearFileBacked();
+    // Removes the file-backed debug directory, if there is one (a link there: the link only).
+    // False with the reason, which is also logged, when that fails.
+    static bool _clearFileBacked(QString *error = nullptr);
     int numberOfRunningOperations() const { return int(_operations.size()); }
 
 private:

@@ -1,35 +1,27 @@
 // vistra-tester layout: the geometries of each generator as text and JSON, the key item counted
 // from 1, kinds and weights per item, and every bad value refused with status 2.
 
+#include "CliHome.h"
 #include "QtPrinters.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRectF>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-struct CliRun {
-    int status;
-    QString out;
-    QString err;
-};
-
-CliRun layout(const QStringList &arguments)
+cli::Result layout(const QStringList &arguments)
 {
-    QProcess process;
-    process.start(QStringLiteral(VISTRA_TESTER_PATH), QStringList{QStringLiteral("layout")} + arguments);
-    EXPECT_TRUE(process.waitForFinished(30000));
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+    static const cli::Home home;
+    return home.run(QStringList{QStringLiteral("layout")} + arguments);
 }
 
 QJsonObject json(const QStringList &arguments)
 {
-    const CliRun run = layout(arguments + QStringList{QStringLiteral("--json")});
+    const cli::Result run = layout(arguments + QStringList{QStringLiteral("--json")});
     EXPECT_EQ(run.status, 0) << run.err.toStdString();
     return QJsonDocument::fromJson(run.out.toUtf8()).object();
 }
@@ -69,7 +61,7 @@ TEST(LayoutCommand, EachGeneratorPrintsOneGeometryPerItemWithTheKeyCountedFromOn
 TEST(LayoutCommand, TextListsTheContentSizeThenEachItemAndKindsAndWeightsShapeItems)
 {
     // A lattice of 2 x 2 cells of 49 points: a pano fitted into the second cell.
-    const CliRun run = layout({QStringLiteral("latticer"), QStringLiteral("--items"), QStringLiteral("3"), QStringLiteral("--width"), QStringLiteral("100"),
+    const cli::Result run = layout({QStringLiteral("latticer"), QStringLiteral("--items"), QStringLiteral("3"), QStringLiteral("--width"), QStringLiteral("100"),
                             QStringLiteral("--kinds"), QStringLiteral("0,3")});
     ASSERT_EQ(run.status, 0) << run.err.toStdString();
     EXPECT_EQ(run.out, QStringLiteral("content size 100 x 100\n"
@@ -106,7 +98,7 @@ TEST(LayoutCommand, BadValuesExitWithStatusTwoAndPrintNothing)
         QStringList{QStringLiteral("explore"), QStringLiteral("--columns"), QStringLiteral("4")} + base,
     };
     for (const QStringList &arguments : refused) {
-        const CliRun run = layout(arguments);
+        const cli::Result run = layout(arguments);
         EXPECT_EQ(run.status, 2) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(run.out.isEmpty()) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(run.err.startsWith(QStringLiteral("vistra-tester layout: "))) << run.err.toStdString();
