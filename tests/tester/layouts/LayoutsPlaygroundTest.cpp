@@ -83,17 +83,15 @@ struct OutputViewFixture : ::testing::Test {
     QPointF inParent(QPointF point) const { return (point + view->frame().topLeft()) * view->drawingScale(); }
 };
 
-template <typename Generator>
-VXLayoutGeneratorFactory factory()
-{
-    return [](QSizeF size) -> std::unique_ptr<VXLayoutGenerator> { return std::make_unique<Generator>(VXLayoutMetrics{size}); };
-}
+const VXLayoutGeneratorFactory kLatticer = VUTesterLatticerPlaygroundSettings::layoutGeneratorFactory();
+const VXLayoutGeneratorFactory kExplore = VUTesterExploreLayoutSettings::layoutGeneratorFactory();
+const VXLayoutGeneratorFactory kYearsMonths = VUTesterYearsMonthsLayoutsSettings::layoutGeneratorFactory();
 
 } // namespace
 
 TEST_F(OutputViewFixture, KeyItemCountsFromOneAndZeroOrPastTheItemsIsNone)
 {
-    make(factory<VXLatticerLayoutGenerator>(), 3);
+    make(kLatticer, 3);
     ASSERT_EQ(view->outputViews().size(), 3u);
     EXPECT_GT(area(frames()[0]), 3 * area(frames()[1])) << "item 1 is the key item by default";
     EXPECT_EQ(view->outputViews()[1]->text, QStringLiteral("2"));
@@ -114,7 +112,7 @@ TEST_F(OutputViewFixture, KeyItemCountsFromOneAndZeroOrPastTheItemsIsNone)
 TEST_F(OutputViewFixture, ATapOnABoxPassesItsIndexAndATapBetweenBoxesNothingAtAnyScale)
 {
     settings.setKeyItemIndex(0);
-    make(factory<VXLatticerLayoutGenerator>(), 4); // 2 x 2 cells of 49 points, 2 apart
+    make(kLatticer, 4); // 2 x 2 cells of 49 points, 2 apart
     for (double scale : {1.0, 0.5}) {
         view->setDrawingScale(scale);
         answers.clear();
@@ -133,7 +131,7 @@ TEST_F(OutputViewFixture, ATapOnABoxPassesItsIndexAndATapBetweenBoxesNothingAtAn
 
 TEST_F(OutputViewFixture, LabelsAreRecycledAndTheViewRedrawsOnEveryChangeOfItsManagerOnly)
 {
-    make(factory<VXYearsMonthsLayoutGenerator>(), 12);
+    make(kYearsMonths, 12);
     const std::vector<OutputView::Label *> labels = view->outputViews();
     manager->handleTapOnItemAtIndex(3);
     EXPECT_TRUE(view->needsLayout());
@@ -157,7 +155,7 @@ TEST_F(OutputViewFixture, LabelsAreRecycledAndTheViewRedrawsOnEveryChangeOfItsMa
 TEST_F(OutputViewFixture, ContentBoundsReachPastTheBoundsForTallContent)
 {
     settings.setDefaultInputKind(Settings::VerticalPanos);
-    make(factory<VXYearsMonthsLayoutGenerator>(), 12);
+    make(kYearsMonths, 12);
     // The key pano stops at the width's height (100); the other eleven, too narrow to fill a row
     // of at most 20, stand in one row of 20 under it.
     EXPECT_EQ(view->contentBounds(), QRectF(0, 0, 100, 122));
@@ -170,7 +168,7 @@ TEST_F(OutputViewFixture, OverlaysReferenceSizeCornersAndAtMostTenRowsOfBuilding
     settings.setShowsCorners(true);
     settings.setShowsBuildingBlockSize(true);
     settings.setKeyItemIndex(0);
-    make(factory<VXLatticerLayoutGenerator>(), 3);
+    make(kLatticer, 3);
     // The reference frame, then marks at three corners: the bottom-right cell is empty.
     ASSERT_EQ(view->boxes().size(), 4u) << "no building blocks: not an explore generator";
     EXPECT_EQ(view->boxes()[0].frame, QRectF(0, 0, 100, 100));
@@ -183,7 +181,7 @@ TEST_F(OutputViewFixture, OverlaysReferenceSizeCornersAndAtMostTenRowsOfBuilding
     settings.setShowsReferenceSize(false);
     settings.setShowsCorners(false);
     delete view;
-    make(factory<VXExploreLayoutGenerator>(), 130);
+    make(kExplore, 130);
     ASSERT_EQ(view->boxes().size(), 40u);
     const QSizeF block = VXExploreLayoutGenerator({QSizeF(100, 100)}).buildingBlockSize();
     EXPECT_EQ(view->boxes().back().frame, QRectF(3 * (block.width() + 2), 9 * (block.height() + 2), block.width(), block.height()));
@@ -192,7 +190,7 @@ TEST_F(OutputViewFixture, OverlaysReferenceSizeCornersAndAtMostTenRowsOfBuilding
 
 TEST_F(OutputViewFixture, AChangeWithAForeignContextEndsTheProcess)
 {
-    make(factory<VXLatticerLayoutGenerator>(), 2);
+    make(kLatticer, 2);
     int foreign;
     EXPECT_DEATH(view->didChange(manager.get(), 1, &foreign), "unknown context");
 }
@@ -220,7 +218,7 @@ struct PlaygroundFixture : ::testing::Test {
 
     void SetUp() override { settings.setDefaultValues(); }
 
-    void open(VXLayoutGeneratorFactory factory = ::factory<VXLatticerLayoutGenerator>())
+    void open(VXLayoutGeneratorFactory factory = kLatticer)
     {
         playground = new VUTesterLayoutsPlaygroundViewController(std::move(factory), {}, &settings);
         navigation = new ui::NavigationController(new ui::ViewController);
@@ -257,7 +255,7 @@ TEST_F(PlaygroundFixture, ViewsForEachCountFromFirstToMaximumStandInARow)
 
     settings.setMaximumNumberOfItems(100);
     settings.setMaximumTotalNumberOfItems(200);
-    auto *three = new VUTesterLayoutsPlaygroundViewController(::factory<VXLatticerLayoutGenerator>(), {}, &settings);
+    auto *three = new VUTesterLayoutsPlaygroundViewController(kLatticer, {}, &settings);
     three->view();
     ASSERT_EQ(three->outputViews().size(), 3);
     EXPECT_EQ(three->outputViews()[0]->numberOfItems(), 98);
@@ -314,7 +312,7 @@ TEST_F(PlaygroundFixture, LegendListsTheKindSymbolsWithOneOkAction)
 TEST_F(PlaygroundFixture, AfterOneHopTheStripReachesEverythingDrawnAndZoomingScalesItAsOne)
 {
     settings.setDefaultInputKind(Settings::VerticalPanos);
-    open(::factory<VXYearsMonthsLayoutGenerator>());
+    open(kYearsMonths);
     ui::ScrollView *scrollView = playground->scrollView();
     EXPECT_EQ(scrollView->contentSize(), QSizeF(12 * 60 + 10, 110)) << "placed views first";
     QCoreApplication::processEvents();
