@@ -396,24 +396,3 @@ TEST_F(RootFixture, EachPlaygroundRowOpensItsScreenWhoseFirstRowStartsItWithItsO
     EXPECT_EQ(tree->exploreLayoutPlaygroundSettings()->maximumNumberOfItems(), 20);
     EXPECT_EQ(tree->latticerPlaygroundSettings()->maximumNumberOfItems(), 12) << "each playground keeps its own values";
 }
-
-TEST(VUTesterLayoutsPlaygroundSettings, RowsInOrderWithTheirChoices)
-{
-    const TWSection section = Settings::playgroundSettingsSection();
-    QStringList titles;
-    for (const TWRowPtr &row : section.rows)
-        titles << row->title();
-    EXPECT_EQ(titles, (QStringList{QStringLiteral("Width"), QStringLiteral("Aspect Ratio"), QStringLiteral("Up to Items"), QStringLiteral("Max Total"),
-                                   QStringLiteral("Key Item"), QStringLiteral("Weights"), QStringLiteral("Color"),
-                                   QStringLiteral("Displayed Indexes Start at 0"), QStringLiteral("Show Reference Size"), QStringLiteral("Show Corners"),
-                                   QStringLiteral("Building Block Size"), QStringLiteral("Input"), QStringLiteral("Tap Behavior")}));
-    auto *tap = dynamic_cast<const TWChoiceRow *>(section.rows[12].get());
-    ASSERT_TRUE(tap);
-    EXPECT_EQ(tap->titleForValue(3), QStringLiteral("Cycle Non Panos"));
-    EXPECT_EQ(tap->values().size(), 8);
-    auto *weights = dynamic_cast<const TWChoiceRow *>(section.rows[5].get());
-    EXPECT_EQ(weights->titleForValue(-1), QStringLiteral("Increasing"));
-    auto *input = dynamic_cast<const TWChoiceRow *>(section.rows[11].get());
-    EXPECT_EQ(input->titles(), Settings::itemKindTitles());
-    EXPECT_EQ(input->titleForValue(4), QStringLiteral("Vertical Panos"));
-}
