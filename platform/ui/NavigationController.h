@@ -1,11 +1,13 @@
 #pragma once
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
-// told before each change.
+// told before each change. Below the stack, a toolbar shows the top controller's toolbar items
+// while the toolbar is not hidden (it is hidden at first) and the top controller has items.
 
 #include "ViewController.h"
 
 #include <QList>
+#include <QPointer>
 
 class QLabel;
 class QHBoxLayout;
@@ -46,6 +48,11 @@ public:
     Operation lastOperation() const { return m_lastOperation; }
     bool isTransitioning() const;
 
+    bool isToolbarHidden() const { return m_toolbarHidden; }
+    void setToolbarHidden(bool hidden);
+    // The toolbar's widget, shown only while it has something to show; null before the view loads.
+    QWidget *toolbar() const { return m_toolbar; }
+
     NavigationControllerDelegate *delegate() const { return m_delegate; }
     void setDelegate(NavigationControllerDelegate *delegate) { m_delegate = delegate; }
 
@@ -63,6 +70,7 @@ private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
     void finishTransition();
     void updateBar();
+    void updateToolbar();
     bool isOnScreen() const;
 
     QList<ViewController *> m_stack;
@@ -74,6 +82,11 @@ private:
     QLabel *m_titleLabel = nullptr;
     QHBoxLayout *m_leftItems = nullptr;
     QHBoxLayout *m_rightItems = nullptr;
+    QWidget *m_toolbar = nullptr;
+    QHBoxLayout *m_toolbarItems = nullptr;
+    bool m_toolbarHidden = true;
+    QPointer<ViewController> m_toolbarOwner;
+    QList<QPointer<QWidget>> m_toolbarCustomViews;
 
     struct Transition;
     Transition *m_transition = nullptr;
