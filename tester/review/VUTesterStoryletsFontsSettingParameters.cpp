@@ -1,21 +1,10 @@
 #include "review/VUTesterStoryletsFontsSettingParameters.h"
 
 #include "review/VUTesterStoryletsTitleParameter.h"
+#include "shell/VUTesterSettings.h"
 #include "storylets/VXStoryletsSpecs.h"
 
 #include <photos/VHAssetCollection.h>
-
-namespace {
-
-QVariantList integers(std::initializer_list<qint64> values)
-{
-    QVariantList list;
-    for (qint64 value : values)
-        list << QVariant::fromValue(value);
-    return list;
-}
-
-} // namespace
 
 VUTesterGroupedValues VUTesterStoryletsTitleFontNameParameter::groupedValues() const
 {
@@ -53,7 +42,7 @@ std::optional<QVariantList> VUTesterStoryletsSubtitleParameter::values() const
 VUTesterGroupedValues VUTesterStoryletsTileKindParameter::groupedValues() const
 {
     // Largest first, on purpose: the header leads the sheet.
-    return {{QStringLiteral("10. All"), integers({4, 3, 2, 1, 0})}};
+    return {{QStringLiteral("10. All"), VUTesterIntegerValues({4, 3, 2, 1, 0})}};
 }
 
 QMap<QString, QString> VUTesterStoryletsTileKindParameter::valueTitles() const
@@ -64,7 +53,7 @@ QMap<QString, QString> VUTesterStoryletsTileKindParameter::valueTitles() const
 
 VUTesterGroupedValues VUTesterStoryletsFormFactorParameter::groupedValues() const
 {
-    return {{kDefaultGroupLabel, integers({0})}, {QStringLiteral("10. All"), integers({0, 1, 2, 3, 4, 5})}};
+    return {{kDefaultGroupLabel, VUTesterIntegerValues({0})}, {QStringLiteral("10. All"), VUTesterIntegerValues({0, 1, 2, 3, 4, 5})}};
 }
 
 QMap<QString, QString> VUTesterStoryletsFormFactorParameter::valueTitles() const
@@ -75,7 +64,7 @@ QMap<QString, QString> VUTesterStoryletsFormFactorParameter::valueTitles() const
 
 VUTesterGroupedValues VUTesterStoryletsOrientationParameter::groupedValues() const
 {
-    return {{kDefaultGroupLabel, integers({1})}, {QStringLiteral("10. All"), integers({1, 2})}};
+    return {{kDefaultGroupLabel, VUTesterIntegerValues({1})}, {QStringLiteral("10. All"), VUTesterIntegerValues({1, 2})}};
 }
 
 QMap<QString, QString> VUTesterStoryletsOrientationParameter::valueTitles() const
