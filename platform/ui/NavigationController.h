@@ -2,13 +2,16 @@
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
 // told before each change, and may answer an animated one with an animation of its own
-// (AnimatedTransitioning.h) instead of the container's slide. Either runs on the display's frame
-// timer, so DisplayLink::ManualStepping steps it.
+// (AnimatedTransitioning.h) instead of the container's slide; either runs on the display's frame
+// timer, so DisplayLink::ManualStepping steps it. Below the stack, a toolbar shows the top
+// controller's toolbar items while the toolbar is not hidden (it is hidden at first) and the top
+// controller has items.
 
 #include "AnimatedTransitioning.h"
 #include "ViewController.h"
 
 #include <QList>
+#include <QPointer>
 
 #include <memory>
 
@@ -57,6 +60,11 @@ public:
     Operation lastOperation() const { return m_lastOperation; }
     bool isTransitioning() const;
 
+    bool isToolbarHidden() const { return m_toolbarHidden; }
+    void setToolbarHidden(bool hidden);
+    // The toolbar's widget, shown only while it has something to show; null before the view loads.
+    QWidget *toolbar() const { return m_toolbar; }
+
     NavigationControllerDelegate *delegate() const { return m_delegate; }
     void setDelegate(NavigationControllerDelegate *delegate) { m_delegate = delegate; }
 
@@ -76,6 +84,7 @@ private:
     void returnTransitionViews();
     void finishTransition();
     void updateBar();
+    void updateToolbar();
     bool isOnScreen() const;
 
     QList<ViewController *> m_stack;
@@ -87,6 +96,11 @@ private:
     QLabel *m_titleLabel = nullptr;
     QHBoxLayout *m_leftItems = nullptr;
     QHBoxLayout *m_rightItems = nullptr;
+    QWidget *m_toolbar = nullptr;
+    QHBoxLayout *m_toolbarItems = nullptr;
+    bool m_toolbarHidden = true;
+    QPointer<ViewController> m_toolbarOwner;
+    QList<QPointer<QWidget>> m_toolbarCustomViews;
 
     struct Transition;
     Transition *m_transition = nullptr;
