@@ -15,6 +15,7 @@ int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
 int runLayoutCommand(const QStringList &arguments);
 int runReviewCommand(const QStringList &arguments);
+int runPerfCommand(const QStringList &arguments);
 int runShotCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
@@ -28,6 +29,7 @@ static const Command kCommands[] = {
     {"review", "the Storylet fonts review: graph strings, snapshots and recordings (see review --help)", runReviewCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
     {"shot", "picture a screen, reached by row titles from the root, as a PNG", runShotCommand},
+    {"perf", "list the performance tests, or run one headless and print its frame statistics", runPerfCommand},
 };
 
 const Command *commands(int *count)

@@ -169,23 +169,18 @@ TEST_F(RootScreenFixture, RestoringDefaultsWhileFillsRunKeepsTheProgressRow)
     filler->setValueForKey(false, QStringLiteral("internalCancelable"));
 }
 
-// The highlight levels' and the performance tests' screens are not built yet: their rows do
-// nothing, rather than opening the screen they are on once more.
+// The highlight levels' screens are not built yet: their rows do nothing, rather than opening the
+// screen they are on once more.
 TEST_F(RootScreenFixture, DrillDownsWithoutAScreenStayWhereTheyAre)
 {
-    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}}});
     window.show();
-    for (const QString &screen : {QStringLiteral("Highlights"), QStringLiteral("Vexo")}) {
-        tap(screen);
-        savedSinceLastCheck();
-        const QString row = screen == QLatin1String("Highlights") ? QStringLiteral("Years") : QStringLiteral("scrollGrid");
-        topScreen()->tapRow(topScreen()->module()->rowWithTitle(row));
-        EXPECT_EQ(root->viewControllers().size(), 2) << row.toStdString();
-        EXPECT_FALSE(root->isTransitioning());
-        EXPECT_FALSE(savedSinceLastCheck()) << "nothing was pushed, so nothing was saved";
-        root->popViewControllerAnimated(false);
-    }
-    VUTesterVexoSettings::setTestDefinitions({});
+    tap(QStringLiteral("Highlights"));
+    savedSinceLastCheck();
+    topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("Years")));
+    EXPECT_EQ(root->viewControllers().size(), 2);
+    EXPECT_FALSE(root->isTransitioning());
+    EXPECT_FALSE(savedSinceLastCheck()) << "nothing was pushed, so nothing was saved";
+    root->popViewControllerAnimated(false);
 }
 
 TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
@@ -200,14 +195,12 @@ TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
 
 TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
 {
-    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}},
-                                              {{QStringLiteral("testName"), QStringLiteral("Animate")}}});
     window.show();
     tap(QStringLiteral("Vexo"));
     const auto &sections = topScreen()->module()->sections();
     ASSERT_EQ(sections[2].title, QStringLiteral("Tests"));
-    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("scrollGrid"));
-    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("Animate"));
+    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("NullScrollView"));
+    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("CrossfadeNavigation"));
 
     const QList<QLabel *> headers = topScreen()->view()->findChildren<QLabel *>(QStringLiteral("section:Tests"));
     ASSERT_EQ(headers.size(), 2);
@@ -217,7 +210,7 @@ TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
     VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(true);
     EXPECT_FALSE(headers[0]->isVisibleTo(screen));
     EXPECT_TRUE(headers[1]->isVisibleTo(screen));
-    VUTesterVexoSettings::setTestDefinitions({});
+    VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(false);
 }
 
 TEST_F(RootScreenFixture, ModalPresentationAlwaysAnimatesAndPlacesDoneOnTheAskedSide)
