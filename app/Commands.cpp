@@ -13,6 +13,10 @@ int runSettingsCommand(const QStringList &arguments);
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
+int runLayoutCommand(const QStringList &arguments);
+int runReviewCommand(const QStringList &arguments);
+int runPerfCommand(const QStringList &arguments);
+int runShotCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
     {"settings", "list, get, set or reset the settings tree", runSettingsCommand},
@@ -21,7 +25,11 @@ static const Command kCommands[] = {
     {"image", "render one image generator to a PNG file", runImageCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
+    {"layout", "print the geometries a layouts playground generator makes of N items", runLayoutCommand},
+    {"review", "the Storylet fonts review: graph strings, snapshots and recordings (see review --help)", runReviewCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
+    {"shot", "picture a screen, reached by row titles from the root, as a PNG", runShotCommand},
+    {"perf", "list the performance tests, or run one headless and print its frame statistics", runPerfCommand},
 };
 
 const Command *commands(int *count)
@@ -40,7 +48,11 @@ const Command *findCommand(const QString &name)
 
 static int report(const char *command, const QString &message, int status)
 {
-    QTextStream(stderr) << "vistra-tester " << command << ": " << message << Qt::endl;
+    QTextStream err(stderr);
+    err << "vistra-tester";
+    if (*command)
+        err << ' ' << command;
+    err << ": " << message << Qt::endl;
     return status;
 }
 
@@ -52,6 +64,11 @@ int usageError(const char *command, const QString &message)
 int failure(const char *command, const QString &message)
 {
     return report(command, message, ExitFailure);
+}
+
+QString countText(qint64 count, const char *singular, const char *plural)
+{
+    return QStringLiteral("%1 %2").arg(count).arg(QString::fromUtf8(count == 1 ? singular : plural));
 }
 
 } // namespace app

@@ -25,8 +25,12 @@ struct Command {
 const Command *commands(int *count);
 const Command *findCommand(const QString &name);
 
-// A usage error: prints "vistra-tester NAME: MESSAGE" to stderr and returns ExitUsage.
+// A usage error: prints "vistra-tester NAME: MESSAGE" to stderr (without NAME when it is empty)
+// and returns ExitUsage.
 int usageError(const char *command, const QString &message);
 int failure(const char *command, const QString &message);
+
+// "1 photo", "2 photos": the count with the noun that goes with it.
+QString countText(qint64 count, const char *singular, const char *plural);
 
 } // namespace app

@@ -2,19 +2,15 @@
 // the window; with one it works headless and exits.
 
 #include "Commands.h"
+#include "TesterWindow.h"
 #include "dispatch/Dispatch.h"
-#include "library/LibraryBrowserWidget.h"
 
-#include "shell/VUTesterRootSettingsViewController.h"
-#include "ui/Notifications.h"
-#include "ui/Window.h"
-
+#include <photos/PrivateFolders.h>
 #include <photos/VHPhotoLibrary.h>
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QTabWidget>
 #include <QTextStream>
 
 #include <unistd.h>
@@ -35,13 +31,16 @@ static void printHelp()
     out << "\n'vistra-tester COMMAND --help' describes one command.\n";
 }
 
-// Qt wants a private runtime folder; shells without a desktop session (ssh, CI) have none.
+// Qt wants a private runtime folder; shells without a desktop session (ssh, CI) have none. The
+// name in the shared temporary folder is predictable, so a folder there that is not ours (or a
+// link) is left as it is, and Qt then makes do without.
 static void ensureRuntimeDirectory()
 {
     if (!qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         return;
     const QString path = QDir::tempPath() + QStringLiteral("/vistra-tester-runtime-%1").arg(getuid());
-    if (QDir().mkpath(path) && QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+    QString error;
+    if (photos::makePrivateFolder(path, &error))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(path));
 }
 
@@ -82,6 +81,8 @@ int main(int argc, char **argv)
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("vistra-tester"));
+    // What a killed run left in the temporary folder goes now rather than never.
+    photos::removeTemporaryFoldersOfEndedProcesses();
     // Worker threads that drew with Qt must end before the application object does.
     const auto endWorkers = [] { dispatch::endWorkerThreads(std::chrono::seconds(10)); };
     if (command) {
@@ -90,16 +91,7 @@ int main(int argc, char **argv)
         return status;
     }
 
-    ui::installApplicationNotifications();
-    QTabWidget window;
-    window.setWindowTitle(QStringLiteral("VistraUITester"));
-    auto *tester = new ui::Window;
-    tester->setRootViewController(new VUTesterRootSettingsViewController);
-    window.addTab(tester, QStringLiteral("Tester"));
-    // The library the tester fills, beside it rather than inside the module.
-    window.addTab(new LibraryBrowserWidget, QStringLiteral("Library"));
-    // A phone-sized window to start with; it resizes freely.
-    window.resize(390, 844);
+    TesterWindow window;
     window.show();
     const int status = application.exec();
     endWorkers();

@@ -1,8 +1,10 @@
 // vistra-tester fill: one fill operation from the saved filler settings, with flags that override
-// them for this run only. Shows a progress bar on a terminal, one line per asset otherwise;
-// Ctrl-C cancels like "Cancel Operation(s)": the asset in progress is finished and saved.
+// them for this run only. Shows a progress bar on a terminal, one line per asset otherwise (or a
+// JSON object per asset with --json); Ctrl-C cancels like "Cancel Operation(s)": the asset in
+// progress is finished and saved. --delete-file-backed is the "Delete File Backed" row.
 
 #include "Commands.h"
+#include "commands/JsonOutput.h"
 #include "commands/MediaOptions.h"
 
 #include "dispatch/Dispatch.h"
@@ -13,18 +15,23 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonArray>
 #include <QTextStream>
 #include <QTimer>
 
 #include <atomic>
 #include <csignal>
 #include <cstdio>
+#include <optional>
 #include <unistd.h>
 
 namespace app {
 namespace {
 
 const char *const kFill = "fill";
+// The row's range: "Photo Long Side" is a slider from 100 to 15000.
+constexpr NumberRange kLongSide{100, 15000, false, true};
 std::atomic<int> g_interrupts{0};
 
 void onInterrupt(int)
@@ -114,15 +121,29 @@ const FillFlags kChoiceFlags[] = {
     {"aspect-ratio", "aspectRatio", true, "square, 4x3, 16x9, ... (or the ratio), enumerate or random"},
     {"image-orientation", "imageOrientation", true, "up, down, left, right, up-mirrored, ..., enumerate or random"},
     {"content", "content", false, "solid-color, 1px-concentric-rects or radial-patterns (or 0, 1, 2)"},
+    {"radius", "locationRadius", false, "scatter assets around the location: constant (0), 50m, 500m, 1km, 10km or 25km (or the metres)"},
 };
+
+// A preset by its title, without regard to case, spaces or dashes ("panos", "random-assets").
+std::optional<QString> presetTitle(const QString &text)
+{
+    for (const QString &title : VUTesterLibraryFillerSettings::presetTitles())
+        if (normalised(title) == normalised(text))
+            return title;
+    return std::nullopt;
+}
 
 // Applies the flags to the run's settings; a usage error message otherwise.
 bool applyFlags(const QCommandLineParser &parser, VUTesterLibraryFillerSettings *settings, QString *message)
 {
-    if (parser.isSet(QStringLiteral("preset")) && !settings->applyPreset(parser.value(QStringLiteral("preset")))) {
-        *message = QStringLiteral("--preset: unknown preset '%1' (one of: %2)")
-                       .arg(parser.value(QStringLiteral("preset")), VUTesterLibraryFillerSettings::presetTitles().join(QStringLiteral(", ")));
-        return false;
+    if (parser.isSet(QStringLiteral("preset"))) {
+        const std::optional<QString> preset = presetTitle(parser.value(QStringLiteral("preset")));
+        if (!preset) {
+            *message = QStringLiteral("--preset: unknown preset '%1' (one of: %2)")
+                           .arg(parser.value(QStringLiteral("preset")), VUTesterLibraryFillerSettings::presetTitles().join(QStringLiteral(", ")));
+            return false;
+        }
+        settings->applyPreset(*preset);
     }
     if (parser.isSet(QStringLiteral("count"))) {
         const QString text = parser.value(QStringLiteral("count"));
@@ -148,7 +169,7 @@ bool applyFlags(const QCommandLineParser &parser, VUTesterLibraryFillerSettings 
     }
     if (parser.isSet(QStringLiteral("long-side"))) {
         double longSide = 0;
-        if (!parseNumberOption(QStringLiteral("long-side"), parser.value(QStringLiteral("long-side")), 1, true, &longSide, message))
+        if (!parseNumberOption(QStringLiteral("long-side"), parser.value(QStringLiteral("long-side")), kLongSide, &longSide, message))
             return false;
         settings->setLongSide(qint64(longSide));
     }
@@ -160,15 +181,6 @@ bool applyFlags(const QCommandLineParser &parser, VUTesterLibraryFillerSettings 
         }
         settings->locationDidChange(nullptr, location);
     }
-    if (parser.isSet(QStringLiteral("radius"))) {
-        bool ok = false;
-        const qint64 radius = parser.value(QStringLiteral("radius")).toLongLong(&ok);
-        if (!ok || radius < 0) {
-            *message = QStringLiteral("--radius: expected whole metres, not '%1'").arg(parser.value(QStringLiteral("radius")));
-            return false;
-        }
-        settings->setLocationRadius(radius);
-    }
     return true;
 }
 
@@ -176,6 +188,38 @@ const char *mediaName(qint64 media)
 {
     static const char *const names[] = {"photo", "video", "Stir Shot"};
     return media >= 0 && media < 3 ? names[media] : "asset";
+}
+
+QJsonObject assetObject(const VUTesterLibraryFillOperation::AssetReport &report)
+{
+    QJsonObject object{{QStringLiteral("asset"), report.index},
+                       {QStringLiteral("of"), report.count},
+                       {QStringLiteral("media"), QString::fromUtf8(mediaName(report.media))},
+                       {QStringLiteral("width"), report.size.width()},
+                       {QStringLiteral("height"), report.size.height()}};
+    if (!report.success)
+        object.insert(QStringLiteral("error"), report.error);
+    else if (!report.identifier.isEmpty())
+        object.insert(QStringLiteral("identifier"), report.identifier);
+    else
+        object.insert(QStringLiteral("files"), QJsonArray::fromStringList(report.files));
+    return object;
+}
+
+// The "Delete File Backed" row, headless.
+int deleteFileBacked()
+{
+    const QString path = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
+    const QFileInfo info(path);
+    if (!info.exists() && !info.isSymLink()) {
+        QTextStream(stdout) << "nothing to remove at " << path << Qt::endl;
+        return ExitOk;
+    }
+    QString error;
+    if (!VUTesterLibraryFillerSettings::_clearFileBacked(&error))
+        return failure(kFill, QStringLiteral("cannot remove %1: %2").arg(path, error));
+    QTextStream(stdout) << "removed " << path << (info.isSymLink() ? " (the link only)" : "") << Qt::endl;
+    return ExitOk;
 }
 
 } // namespace
@@ -191,11 +235,20 @@ int runFillCommand(const QStringList &arguments)
     parser.addOption({QStringLiteral("count"), QStringLiteral("number of assets, or auto (one of each combination)"), QStringLiteral("N|auto")});
     for (const FillFlags &flag : kChoiceFlags)
         parser.addOption({QString::fromLatin1(flag.option), QString::fromLatin1(flag.help), QStringLiteral("VALUE")});
-    parser.addOption({QStringLiteral("long-side"), QStringLiteral("pixels of a photo's longer side"), QStringLiteral("N")});
+    parser.addOption({QStringLiteral("long-side"), QStringLiteral("pixels of a photo's longer side, 100 to 15000"), QStringLiteral("N")});
     parser.addOption({QStringLiteral("location"), QStringLiteral("where assets are placed, or none"), QStringLiteral("LAT,LON")});
-    parser.addOption({QStringLiteral("radius"), QStringLiteral("scatter assets within this many metres (0: all at the location)"), QStringLiteral("M")});
+    parser.addOption({QStringLiteral("json"), QStringLiteral("print a JSON array instead: an object per asset as it is made (asset, of, media, width, "
+                                                             "height, then identifier, files or error), then a summary (made, of, photos, "
+                                                             "videos, stirShots, seconds, into, cancelled)")});
+    parser.addOption({QStringLiteral("delete-file-backed"), QStringLiteral("remove the file-backed directory instead of filling (the \"Delete "
+                                                                           "File Backed\" row); a link there is removed, not what it points to")});
     if (const int status = parseCommandArguments(parser, kFill, arguments); status >= 0)
         return status;
+    if (parser.isSet(QStringLiteral("delete-file-backed"))) {
+        if (parser.optionNames().size() > 1)
+            return usageError(kFill, QStringLiteral("--delete-file-backed takes no other option"));
+        return deleteFileBacked();
+    }
 
     VUTesterLibraryFillerSettings settings;
     settings.copyValuesFrom(*VUTesterLibraryFillerSettings::sharedInstance());
@@ -207,14 +260,18 @@ int runFillCommand(const QStringList &arguments)
     if (toLibrary) {
         VHError error;
         if (!VHPhotoLibrary::sharedPhotoLibrary()->open(&error))
-            return failure(kFill, QStringLiteral("cannot open the photo library at %1: %2").arg(VHPhotoLibrary::sharedLibraryLocation(), error.debugDescription()));
+            return failure(kFill, error.debugDescription());
     }
 
     const auto operation = VUTesterLibraryFillOperation::create(&settings);
     const qint64 total = operation->enumerator().numberOfAssetsToAdd();
-    const bool terminal = isatty(STDOUT_FILENO);
+    const bool json = parser.isSet(QStringLiteral("json"));
+    const bool terminal = !json && isatty(STDOUT_FILENO);
     QTextStream out(stdout);
     QTextStream err(stderr);
+    std::optional<JsonArrayWriter> objects;
+    if (json)
+        objects.emplace(out);
     QElapsedTimer clock;
     clock.start();
     qint64 made[3] = {0, 0, 0};
@@ -234,14 +291,18 @@ int runFillCommand(const QStringList &arguments)
                 if (terminal)
                     out << '\n';
                 err << "vistra-tester fill: asset " << report.index << " (" << mediaName(report.media) << ") failed: " << report.error << Qt::endl;
-            } else if (terminal) {
+            }
+            if (json) {
+                objects->append(assetObject(report));
+            } else if (report.success && terminal) {
                 constexpr int width = 30;
                 const int filled = total > 0 ? int(width * report.index / total) : width;
                 out << "\r[" << QString(filled, QLatin1Char('#')) << QString(width - filled, QLatin1Char('.')) << "] " << report.index << '/' << total
                     << QString::asprintf("  %.2f assets/s", rate) << "  left " << durationText(rate > 0 ? (total - report.index) / rate : 0) << "   " << Qt::flush;
-            } else {
+            } else if (report.success) {
                 out << "asset " << report.index << '/' << total << ": " << mediaName(report.media) << ' ' << qint64(report.size.width()) << 'x'
-                    << qint64(report.size.height()) << (toLibrary ? " imported " : " -> ") << report.files.join(QStringLiteral(" + ")) << Qt::endl;
+                    << qint64(report.size.height()) << (toLibrary ? " imported " + report.identifier : " -> " + report.files.join(QStringLiteral(" + ")))
+                    << Qt::endl;
             }
         });
     });
@@ -268,13 +329,29 @@ int runFillCommand(const QStringList &arguments)
     if (terminal)
         out << '\n';
 
-    const QString where = toLibrary ? QStringLiteral("the photo library at %1").arg(VHPhotoLibrary::sharedLibraryLocation())
+    const QString where = toLibrary ? VHPhotoLibrary::sharedLibraryLocation()
                                     : VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
-    out << "made " << made[0] + made[1] + made[2] << " of " << total << " assets (" << made[0] << " photos, " << made[1] << " videos, " << made[2]
-        << " Stir Shots) in " << durationText(clock.elapsed() / 1000.0) << " into " << where << Qt::endl;
+    const qint64 madeCount = made[0] + made[1] + made[2];
+    const double seconds = clock.elapsed() / 1000.0;
+    const bool cancelled = firstError.isEmpty() && (g_interrupts > 0 || (operation->_isCanceled() && finished < total));
+    if (json) {
+        objects->append({{QStringLiteral("made"), madeCount},
+                         {QStringLiteral("of"), total},
+                         {QStringLiteral("photos"), made[0]},
+                         {QStringLiteral("videos"), made[1]},
+                         {QStringLiteral("stirShots"), made[2]},
+                         {QStringLiteral("seconds"), seconds},
+                         {QStringLiteral("into"), where},
+                         {QStringLiteral("cancelled"), cancelled}});
+        objects.reset();
+    } else {
+        out << "made " << madeCount << " of " << countText(total, "asset", "assets") << " (" << countText(made[0], "photo", "photos") << ", "
+            << countText(made[1], "video", "videos") << ", " << countText(made[2], "Stir Shot", "Stir Shots") << ") in " << durationText(seconds)
+            << " into " << (toLibrary ? QStringLiteral("the photo library at ") : QString()) << where << Qt::endl;
+    }
     if (!firstError.isEmpty())
         return failure(kFill, QStringLiteral("stopped after a failed asset: %1").arg(firstError));
-    if (g_interrupts > 0 || (operation->_isCanceled() && finished < total)) {
+    if (cancelled) {
         err << "vistra-tester fill: cancelled" << Qt::endl;
         return ExitCancelled;
     }

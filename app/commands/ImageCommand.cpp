@@ -1,6 +1,7 @@
 // vistra-tester image KIND: renders one image generator to a PNG file, headless.
 
-#include "../Commands.h"
+#include "Commands.h"
+#include "commands/MediaOptions.h"
 
 #include <media/VUTesterBitmapImageGenerator.h>
 #include <media/VUTesterConcentricRectsImageGenerator.h>
@@ -16,6 +17,7 @@
 #include <QSaveFile>
 #include <QTextStream>
 
+#include <cmath>
 #include <stdexcept>
 
 namespace app {
@@ -70,17 +72,13 @@ qint64 integerValue(const QCommandLineParser &parser, const QString &option, qin
     return value;
 }
 
-// "WxH" with both parts in [min, 20000].
-QSizeF sizeValue(const QCommandLineParser &parser, const QString &option, double min)
+QSizeF sizeValue(const QCommandLineParser &parser, const QString &option, int minimum)
 {
-    const QStringList parts = parser.value(option).split(QLatin1Char('x'));
-    bool okW = false, okH = false;
-    const double w = parts.size() == 2 ? parts[0].toDouble(&okW) : 0;
-    const double h = parts.size() == 2 ? parts[1].toDouble(&okH) : 0;
-    if (!okW || !okH || w < min || h < min || w > 20000 || h > 20000)
-        throw BadValue(QStringLiteral("--%1: '%2' is not a size WxH from %3 to 20000")
-                           .arg(option, parser.value(option)).arg(min).toStdString());
-    return QSizeF(w, h);
+    QSizeF size;
+    QString message;
+    if (!parseSizeOption(option, parser.value(option), minimum, &size, &message))
+        throw BadValue(message.toStdString());
+    return size;
 }
 
 graphics::StyledText label(const QCommandLineParser &parser, double defaultSize)
@@ -150,7 +148,7 @@ VUTesterImageGeneratorPtr makeGenerator(const QString &kind, const QCommandLineP
         bool okX = false, okY = false;
         const double x = parts.size() == 2 ? parts[0].toDouble(&okX) : 0;
         const double y = parts.size() == 2 ? parts[1].toDouble(&okY) : 0;
-        if (!okX || !okY)
+        if (!okX || !okY || !std::isfinite(x) || !std::isfinite(y))
             throw BadValue(QStringLiteral("--center: '%1' is not X,Y").arg(parser.value(QStringLiteral("center"))).toStdString());
         generator->setCenterX(x);
         generator->setCenterY(y);
@@ -194,8 +192,8 @@ int runImageCommand(const QStringList &arguments)
         return QCommandLineOption(QString::fromLatin1(name), QString::fromLatin1(help), QString::fromLatin1(valueName));
     };
     parser.addOptions({
-        value("size", "image size in pixels (default 400x300)", "WxH"),
-        QCommandLineOption({QStringLiteral("o"), QStringLiteral("output")}, QStringLiteral("the PNG file to write"), QStringLiteral("FILE")),
+        value("size", "image size in whole pixels, each side 1 to 15000 (default 400x300)", "WxH"),
+        QCommandLineOption({QStringLiteral("o"), QStringLiteral("output")}, QStringLiteral("the PNG file to write (FILE.png)"), QStringLiteral("FILE")),
         value("orientation", "wrap in an oriented generator: Up, Down, Left, Right, Up Mirrored, ...", "LABEL"),
         QCommandLineOption(QStringLiteral("upright"), QStringLiteral("write the pixels with the orientation applied")),
         QCommandLineOption(QStringLiteral("force"), QStringLiteral("overwrite an existing output file")),
@@ -235,6 +233,9 @@ int runImageCommand(const QStringList &arguments)
     const QString output = parser.value(QStringLiteral("o"));
     if (output.isEmpty())
         return usageError(kName, QStringLiteral("give the output file with -o FILE.png"));
+    QString message;
+    if (!checkOutputSuffix(output, {QStringLiteral("png")}, &message))
+        return usageError(kName, message);
     if (QFileInfo::exists(output) && !parser.isSet(QStringLiteral("force")))
         return usageError(kName, QStringLiteral("%1 exists; pass --force to overwrite it").arg(output));
 

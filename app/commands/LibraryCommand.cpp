@@ -1,8 +1,10 @@
 // vistra-tester library info | list [--limit N] | highlights [--subtype KIND] |
 //     import FILE [--paired MOVIE] [--move] | verify
 // Looks into the shared photo library (or the one given with the global --library) and adds to it.
+// Every argument is checked before the library is opened, and only import may create one.
 
 #include "Commands.h"
+#include "commands/JsonOutput.h"
 #include "commands/MediaOptions.h"
 
 #include <photos/VHAsset.h>
@@ -14,11 +16,12 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QJsonObject>
 #include <QLocale>
 #include <QTextStream>
 
-#include <cmath>
 #include <limits>
+#include <optional>
 
 namespace app {
 namespace {
@@ -39,87 +42,164 @@ const Subtype kSubtypes[] = {
 const char kUsage[] =
     "usage: vistra-tester [--library PATH] library ACTION\n\n"
     "Actions:\n"
-    "  info                          location, counts by media, size on disk\n"
-    "  list [--limit N]              one line per asset, oldest first\n"
-    "  highlights [--subtype KIND]   highlight collections; KIND is days, daygroups, months or years\n"
+    "  info [--json]                 location, counts by media, size on disk\n"
+    "  list [--limit N] [--json]     one line per asset, oldest first: identifier, media, size, date,\n"
+    "                                location, paired\n"
+    "  highlights [--subtype KIND] [--json]\n"
+    "                                highlight collections; KIND is days, daygroups, months or years\n"
     "                                (default: all four)\n"
     "  import FILE [--paired MOVIE] [--move]\n"
     "                                add a photo or movie, or a photo with its paired movie; the\n"
     "                                files are copied unless --move is given; prints the new\n"
     "                                asset's identifier\n"
     "  verify                        compare the catalogue with the files; exit status 1 when they\n"
-    "                                differ\n";
+    "                                differ\n\n"
+    "Only import creates a library that is not there yet; a library this user may not change can\n"
+    "still be read. --json prints JSON instead of text: info an object (location, assets, photos,\n"
+    "movingPhotos, videos, highlights, sizeOnDisk in bytes), list an array of objects (identifier,\n"
+    "media, width, height, date, location as {latitude, longitude} or null, paired), highlights an\n"
+    "array of objects (subtype, title, startDate, endDate, assets, photos, videos, curated, enriched,\n"
+    "promotionScore).\n";
+
+const QString kJson = QStringLiteral("json");
+
+// What an action was asked to do, checked before the library is touched.
+struct Request {
+    QString action;
+    bool json = false;
+    int limit = 0;
+    QList<Subtype> subtypes;
+    QString file;
+    QString paired;
+    bool move = false;
+    bool isPhoto = false;
+};
 
 QString dateText(const QDateTime &date)
 {
     return date.toString(Qt::ISODate);
 }
 
-int openLibrary(const std::shared_ptr<VHPhotoLibrary> &library)
+// Parses and checks the action's arguments; -1 to go on, or the exit status to stop with.
+int parse(const QString &action, const QStringList &arguments, Request *request)
 {
-    VHError error;
-    if (!library->open(&error))
-        return failure(kLibrary, error.debugDescription());
-    return ExitOk;
-}
-
-// Parses the options of one action; returns -1 to go on, or the exit status to stop with.
-int parse(QCommandLineParser &parser, const QString &action, const QStringList &arguments, int maxPositional)
-{
+    QCommandLineParser parser;
     parser.addHelpOption();
+    if (action != QLatin1String("import") && action != QLatin1String("verify"))
+        parser.addOption({kJson, QStringLiteral("Print JSON.")});
+    if (action == QLatin1String("list"))
+        parser.addOption({QStringLiteral("limit"), QStringLiteral("At most N assets."), QStringLiteral("N")});
+    if (action == QLatin1String("highlights"))
+        parser.addOption({QStringLiteral("subtype"), QStringLiteral("days, daygroups, months or years."), QStringLiteral("KIND")});
+    if (action == QLatin1String("import")) {
+        parser.addOptions({
+            {QStringLiteral("paired"), QStringLiteral("The movie paired with the photo."), QStringLiteral("MOVIE")},
+            {QStringLiteral("move"), QStringLiteral("Move the files into the library instead of copying them.")},
+        });
+    }
     if (!parser.parse(QStringList{action} + arguments))
         return usageError(kLibrary, parser.errorText());
     if (parser.isSet(QStringLiteral("help"))) {
         QTextStream(stdout) << kUsage;
         return ExitOk;
     }
-    if (parser.positionalArguments().size() > maxPositional)
-        return usageError(kLibrary, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().last()));
+    const QStringList positional = parser.positionalArguments();
+    const qsizetype allowed = action == QLatin1String("import") ? 1 : 0;
+    if (positional.size() > allowed)
+        return usageError(kLibrary, QStringLiteral("unexpected argument '%1'").arg(positional.last()));
+    request->action = action;
+    request->json = parser.optionNames().contains(kJson);
+
+    if (action == QLatin1String("list") && parser.isSet(QStringLiteral("limit"))) {
+        double limit = 0;
+        QString message;
+        if (!parseNumberOption(QStringLiteral("limit"), parser.value(QStringLiteral("limit")),
+                               NumberRange{1, double(std::numeric_limits<int>::max()), false, true}, &limit, &message))
+            return usageError(kLibrary, message);
+        request->limit = int(limit);
+    }
+    if (action == QLatin1String("highlights")) {
+        for (const Subtype &subtype : kSubtypes)
+            if (!parser.isSet(QStringLiteral("subtype")) || parser.value(QStringLiteral("subtype")) == QLatin1String(subtype.name))
+                request->subtypes.append(subtype);
+        if (request->subtypes.isEmpty())
+            return usageError(kLibrary, QStringLiteral("--subtype must be days, daygroups, months or years (got '%1')")
+                                            .arg(parser.value(QStringLiteral("subtype"))));
+    }
+    if (action == QLatin1String("import")) {
+        if (positional.isEmpty())
+            return usageError(kLibrary, QStringLiteral("import needs a file"));
+        request->file = positional.first();
+        request->paired = parser.value(QStringLiteral("paired"));
+        request->move = parser.isSet(QStringLiteral("move"));
+        for (const QString &path : {request->file, request->paired})
+            if (!path.isEmpty() && !QFileInfo(path).isFile())
+                return usageError(kLibrary, QStringLiteral("no such file: %1").arg(path));
+        // A picture is a photo; anything else is offered as a movie and refused if it is not one.
+        request->isPhoto = !QImageReader::imageFormat(request->file).isEmpty();
+        if (!request->paired.isEmpty() && !request->isPhoto)
+            return usageError(kLibrary, QStringLiteral("--paired needs a photo to pair with, and %1 is not one").arg(request->file));
+    }
     return -1;
 }
 
-int info(const std::shared_ptr<VHPhotoLibrary> &library)
+int info(VHPhotoLibrary &library, const Request &request)
 {
     VHLibraryStatistics statistics;
     VHError error;
-    if (!VHLibraryInspector::statistics(*library, &statistics, &error))
+    if (!VHLibraryInspector::statistics(library, &statistics, &error))
         return failure(kLibrary, error.debugDescription());
     QTextStream out(stdout);
-    out << "location: " << library->location() << '\n'
+    const qint64 stillPhotos = statistics.photoCount - statistics.movingPhotoCount;
+    if (request.json) {
+        writeJsonObject(out, {{QStringLiteral("location"), library.location()},
+                              {QStringLiteral("assets"), statistics.assetCount},
+                              {QStringLiteral("photos"), stillPhotos},
+                              {QStringLiteral("movingPhotos"), statistics.movingPhotoCount},
+                              {QStringLiteral("videos"), statistics.videoCount},
+                              {QStringLiteral("highlights"), statistics.highlightCount},
+                              {QStringLiteral("sizeOnDisk"), statistics.bytesOnDisk}});
+        return ExitOk;
+    }
+    out << "location: " << library.location() << '\n'
         << "assets: " << statistics.assetCount << '\n'
-        << "photos: " << statistics.photoCount - statistics.movingPhotoCount << '\n'
+        << "photos: " << stillPhotos << '\n'
         << "moving photos: " << statistics.movingPhotoCount << '\n'
         << "videos: " << statistics.videoCount << '\n'
         << "highlights: " << statistics.highlightCount << '\n'
         << "size on disk: " << QLocale::c().formattedDataSize(statistics.bytesOnDisk) << " ("
-        << statistics.bytesOnDisk << " bytes)\n";
+        << countText(statistics.bytesOnDisk, "byte", "bytes") << ")\n";
     return ExitOk;
 }
 
-int list(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &arguments)
+int list(VHPhotoLibrary &library, const Request &request)
 {
-    QCommandLineParser parser;
-    parser.addOption({QStringLiteral("limit"), QStringLiteral("At most N assets."), QStringLiteral("N")});
-    if (const int status = parse(parser, QStringLiteral("list"), arguments, 0); status >= 0)
-        return status;
-    VHFetchOptions options = library->librarySpecificFetchOptions();
-    if (parser.isSet(QStringLiteral("limit"))) {
-        double limit = 0;
-        QString message;
-        if (!parseNumberOption(QStringLiteral("--limit"), parser.value(QStringLiteral("limit")), 1, true, &limit, &message)
-            || limit != std::floor(limit) || limit > std::numeric_limits<int>::max())
-            return usageError(kLibrary, message.isEmpty() ? QStringLiteral("--limit wants a whole number") : message);
-        options.setFetchLimit(int(limit));
-    }
+    VHFetchOptions options = library.librarySpecificFetchOptions();
+    options.setFetchLimit(request.limit);
     options.setIncludeHiddenAssets(true);
     const VHFetchResult<VHAsset> assets = VHAsset::fetchAssetsWithOptions(options);
     QTextStream out(stdout);
+    std::optional<JsonArrayWriter> objects;
+    if (request.json)
+        objects.emplace(out);
     for (qsizetype i = 0; i < assets.count(); ++i) {
         const VHAsset asset = assets.objectAtIndex(i);
         const auto location = asset.location();
-        out << asset.localIdentifier() << '\t'
-            << (asset.mediaType() == VHAssetMediaType::Video ? "video" : "photo") << '\t' << asset.pixelWidth() << 'x'
-            << asset.pixelHeight() << '\t' << dateText(asset.localCreationDate()) << '\t'
+        const char *media = asset.mediaType() == VHAssetMediaType::Video ? "video" : "photo";
+        if (objects) {
+            objects->append({{QStringLiteral("identifier"), asset.localIdentifier()},
+                             {QStringLiteral("media"), QString::fromLatin1(media)},
+                             {QStringLiteral("width"), asset.pixelWidth()},
+                             {QStringLiteral("height"), asset.pixelHeight()},
+                             {QStringLiteral("date"), dateText(asset.localCreationDate())},
+                             {QStringLiteral("location"), location ? QJsonValue(QJsonObject{{QStringLiteral("latitude"), location->latitude},
+                                                                                             {QStringLiteral("longitude"), location->longitude}})
+                                                                   : QJsonValue()},
+                             {QStringLiteral("paired"), asset.isMovingPhoto()}});
+            continue;
+        }
+        out << asset.localIdentifier() << '\t' << media << '\t' << asset.pixelWidth() << 'x' << asset.pixelHeight() << '\t'
+            << dateText(asset.localCreationDate()) << '\t'
             << (location ? QStringLiteral("%1,%2").arg(location->latitude, 0, 'f', 6).arg(location->longitude, 0, 'f', 6)
                          : QStringLiteral("-"))
             << '\t' << (asset.isMovingPhoto() ? "paired" : "-") << '\n';
@@ -127,30 +207,36 @@ int list(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &argu
     return ExitOk;
 }
 
-int highlights(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &arguments)
+int highlights(VHPhotoLibrary &library, const Request &request)
 {
-    QCommandLineParser parser;
-    parser.addOption({QStringLiteral("subtype"), QStringLiteral("days, daygroups, months or years."), QStringLiteral("KIND")});
-    if (const int status = parse(parser, QStringLiteral("highlights"), arguments, 0); status >= 0)
-        return status;
-    QList<Subtype> chosen;
-    for (const Subtype &subtype : kSubtypes)
-        if (!parser.isSet(QStringLiteral("subtype")) || parser.value(QStringLiteral("subtype")) == QLatin1String(subtype.name))
-            chosen.append(subtype);
-    if (chosen.isEmpty())
-        return usageError(kLibrary, QStringLiteral("--subtype must be days, daygroups, months or years (got '%1')")
-                                        .arg(parser.value(QStringLiteral("subtype"))));
-    VHFetchOptions options = library->librarySpecificFetchOptions();
+    VHFetchOptions options = library.librarySpecificFetchOptions();
     options.setSortDescriptors({{QStringLiteral("startDate"), true}});
     QTextStream out(stdout);
-    for (const Subtype &subtype : std::as_const(chosen)) {
+    std::optional<JsonArrayWriter> objects;
+    if (request.json)
+        objects.emplace(out);
+    for (const Subtype &subtype : request.subtypes) {
         const auto collections =
             VHAssetCollection::fetchAssetCollectionsWithType(VHAssetCollectionType::Highlight, subtype.subtype, options);
         for (qsizetype i = 0; i < collections.count(); ++i) {
             const VHAssetCollection highlight = collections.objectAtIndex(i);
+            if (objects) {
+                objects->append({{QStringLiteral("subtype"), QString::fromLatin1(subtype.name)},
+                                 {QStringLiteral("title"), highlight.localizedTitle()},
+                                 {QStringLiteral("startDate"), dateText(highlight.startDate())},
+                                 {QStringLiteral("endDate"), dateText(highlight.endDate())},
+                                 {QStringLiteral("assets"), highlight.estimatedAssetCount()},
+                                 {QStringLiteral("photos"), highlight.estimatedPhotosCount()},
+                                 {QStringLiteral("videos"), highlight.estimatedVideosCount()},
+                                 {QStringLiteral("curated"), highlight.isCurated()},
+                                 {QStringLiteral("enriched"), highlight.isEnriched()},
+                                 {QStringLiteral("promotionScore"), highlight.promotionScore()}});
+                continue;
+            }
             out << subtype.name << '\t' << highlight.localizedTitle() << '\t' << dateText(highlight.startDate()) << '\t'
-                << dateText(highlight.endDate()) << '\t' << highlight.estimatedAssetCount() << " assets ("
-                << highlight.estimatedPhotosCount() << " photos, " << highlight.estimatedVideosCount() << " videos)\t"
+                << dateText(highlight.endDate()) << '\t' << countText(highlight.estimatedAssetCount(), "asset", "assets") << " ("
+                << countText(highlight.estimatedPhotosCount(), "photo", "photos") << ", "
+                << countText(highlight.estimatedVideosCount(), "video", "videos") << ")\t"
                 << (highlight.isCurated() ? "curated" : "not curated") << '\t'
                 << (highlight.isEnriched() ? "enriched" : "not enriched") << '\t'
                 << QString::number(highlight.promotionScore(), 'f', 3) << '\n';
@@ -159,57 +245,39 @@ int highlights(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList
     return ExitOk;
 }
 
-int import(const std::shared_ptr<VHPhotoLibrary> &library, const QStringList &arguments)
+int import(VHPhotoLibrary &library, const Request &request)
 {
-    QCommandLineParser parser;
-    parser.addOptions({
-        {QStringLiteral("paired"), QStringLiteral("The movie paired with the photo."), QStringLiteral("MOVIE")},
-        {QStringLiteral("move"), QStringLiteral("Move the files into the library instead of copying them.")},
-    });
-    if (const int status = parse(parser, QStringLiteral("import"), arguments, 1); status >= 0)
-        return status;
-    if (parser.positionalArguments().isEmpty())
-        return usageError(kLibrary, QStringLiteral("import needs a file"));
-    const QString file = parser.positionalArguments().first();
-    const QString paired = parser.value(QStringLiteral("paired"));
-    for (const QString &path : {file, paired})
-        if (!path.isEmpty() && !QFileInfo(path).isFile())
-            return usageError(kLibrary, QStringLiteral("no such file: %1").arg(path));
-    // A picture is a photo; anything else is offered as a movie and refused if it is not one.
-    const bool isPhoto = !QImageReader::imageFormat(file).isEmpty();
-    if (!paired.isEmpty() && !isPhoto)
-        return usageError(kLibrary, QStringLiteral("--paired needs a photo to pair with, and %1 is not one").arg(file));
-
     VHError error;
     QString identifier;
-    const bool success = library->performChangesAndWait(
+    const bool success = library.performChangesAndWait(
         [&] {
             VHAssetResourceCreationOptions options;
-            options.setShouldMoveFile(parser.isSet(QStringLiteral("move")));
-            auto *request = VHAssetCreationRequest::creationRequestForAsset();
-            request->addResourceWithType(isPhoto ? VHAssetResourceType::Photo : VHAssetResourceType::Video, file, options);
-            if (!paired.isEmpty())
-                request->addResourceWithType(VHAssetResourceType::PairedVideo, paired, options);
-            identifier = request->localIdentifierForCreatedAsset();
+            options.setShouldMoveFile(request.move);
+            auto *created = VHAssetCreationRequest::creationRequestForAsset();
+            created->addResourceWithType(request.isPhoto ? VHAssetResourceType::Photo : VHAssetResourceType::Video, request.file, options);
+            if (!request.paired.isEmpty())
+                created->addResourceWithType(VHAssetResourceType::PairedVideo, request.paired, options);
+            identifier = created->localIdentifierForCreatedAsset();
         },
         &error);
     if (!success)
-        return failure(kLibrary, QStringLiteral("cannot import %1: %2").arg(file, error.debugDescription()));
+        return failure(kLibrary, QStringLiteral("cannot import %1: %2").arg(request.file, error.debugDescription()));
     QTextStream(stdout) << identifier << '\n';
     return ExitOk;
 }
 
-int verify(const std::shared_ptr<VHPhotoLibrary> &library)
+int verify(VHPhotoLibrary &library)
 {
     QStringList differences;
     VHError error;
-    if (!VHLibraryInspector::verify(*library, &differences, &error))
+    if (!VHLibraryInspector::verify(library, &differences, &error))
         return failure(kLibrary, error.debugDescription());
     QTextStream out(stdout);
     for (const QString &line : std::as_const(differences))
         out << line << '\n';
     if (!differences.isEmpty()) {
-        QTextStream(stderr) << "vistra-tester library: " << differences.size() << " difference(s) between the catalogue and the files" << Qt::endl;
+        QTextStream(stderr) << "vistra-tester library: " << countText(differences.size(), "difference", "differences")
+                            << " between the catalogue and the files" << Qt::endl;
         return ExitFailure;
     }
     out << "the catalogue and the files agree\n";
@@ -223,35 +291,33 @@ int runLibraryCommand(const QStringList &arguments)
     if (arguments.isEmpty())
         return usageError(kLibrary, QStringLiteral("an action is needed: info, list, highlights, import or verify (see --help)"));
     const QString action = arguments.first();
-    const QStringList rest = arguments.mid(1);
     if (action == QLatin1String("--help") || action == QLatin1String("-h")) {
         QTextStream(stdout) << kUsage;
         return ExitOk;
     }
-    const bool known = action == QLatin1String("info") || action == QLatin1String("list")
-        || action == QLatin1String("highlights") || action == QLatin1String("import") || action == QLatin1String("verify");
-    if (!known)
+    const QStringList actions{QStringLiteral("info"), QStringLiteral("list"), QStringLiteral("highlights"), QStringLiteral("import"),
+                              QStringLiteral("verify")};
+    if (!actions.contains(action))
         return usageError(kLibrary, QStringLiteral("unknown action '%1' (see --help)").arg(action));
-    if ((action == QLatin1String("info") || action == QLatin1String("verify")) && !rest.isEmpty()) {
-        if (rest.first() == QLatin1String("--help")) {
-            QTextStream(stdout) << kUsage;
-            return ExitOk;
-        }
-        return usageError(kLibrary, QStringLiteral("unexpected argument '%1'").arg(rest.first()));
-    }
-
-    const auto library = VHPhotoLibrary::sharedPhotoLibrary();
-    if (const int status = openLibrary(library); status != ExitOk)
+    Request request;
+    if (const int status = parse(action, arguments.mid(1), &request); status >= 0)
         return status;
+
+    // Nothing is created on disk before the request is known to be good, and only to write.
+    const auto library = VHPhotoLibrary::sharedPhotoLibrary();
+    VHError error;
+    const bool writes = action == QLatin1String("import");
+    if (!(writes ? library->open(&error) : library->openExisting(&error)))
+        return failure(kLibrary, error.debugDescription());
     if (action == QLatin1String("info"))
-        return info(library);
+        return info(*library, request);
     if (action == QLatin1String("list"))
-        return list(library, rest);
+        return list(*library, request);
     if (action == QLatin1String("highlights"))
-        return highlights(library, rest);
-    if (action == QLatin1String("import"))
-        return import(library, rest);
-    return verify(library);
+        return highlights(*library, request);
+    if (writes)
+        return import(*library, request);
+    return verify(*library);
 }
 
 } // namespace app

@@ -3,35 +3,44 @@
 #include "Commands.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cmath>
 
 namespace app {
 
-bool parseSizeOption(const QString &text, QSizeF *size, QString *message)
+bool parseSizeOption(const QString &option, const QString &text, int minimum, QSizeF *size, QString *message)
 {
     static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})[xX](\\d{1,5})$"));
     const QRegularExpressionMatch match = pattern.match(text);
     const int width = match.captured(1).toInt(), height = match.captured(2).toInt();
-    if (!match.hasMatch() || width < 1 || height < 1) {
-        *message = QStringLiteral("--size wants WIDTHxHEIGHT in whole pixels, such as 1920x1080 (got '%1')").arg(text);
+    if (!match.hasMatch() || std::min(width, height) < minimum || std::max(width, height) > kMaximumPictureSide) {
+        *message = QStringLiteral("--%1 wants WIDTHxHEIGHT in whole pixels from %2 to %3, such as 1920x1080 (got '%4')")
+                       .arg(option)
+                       .arg(minimum)
+                       .arg(kMaximumPictureSide)
+                       .arg(text);
         return false;
     }
     *size = QSizeF(width, height);
     return true;
 }
 
-bool parseNumberOption(const QString &option, const QString &text, double minimum, bool inclusive, double *value, QString *message)
+bool parseNumberOption(const QString &option, const QString &text, const NumberRange &range, double *value, QString *message)
 {
     bool ok = false;
     const double number = text.toDouble(&ok);
-    if (!ok || !std::isfinite(number) || number < minimum || (!inclusive && number == minimum)) {
-        *message = QStringLiteral("%1 wants a number %2 %3 (got '%4')")
-                       .arg(option, inclusive ? QStringLiteral("of at least") : QStringLiteral("above"))
-                       .arg(minimum)
+    if (!ok || !std::isfinite(number) || number < range.minimum || (range.aboveMinimum && number == range.minimum)
+        || number > range.maximum || (range.whole && number != std::floor(number))) {
+        *message = QStringLiteral("--%1 wants a %2 %3 %4 and at most %5 (got '%6')")
+                       .arg(option, range.whole ? QStringLiteral("whole number") : QStringLiteral("number"),
+                            range.aboveMinimum ? QStringLiteral("above") : QStringLiteral("of at least"))
+                       .arg(range.minimum, 0, 'g', 16)
+                       .arg(range.maximum, 0, 'g', 16)
                        .arg(text);
         return false;
     }
@@ -39,7 +48,15 @@ bool parseNumberOption(const QString &option, const QString &text, double minimu
     return true;
 }
 
-int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments)
+bool checkOutputSuffix(const QString &path, const QStringList &suffixes, QString *message)
+{
+    if (suffixes.contains(QFileInfo(path).suffix().toLower()))
+        return true;
+    *message = QStringLiteral("%1 would not be read as what is written: give a name ending in .%2").arg(path, suffixes.join(QStringLiteral(" or .")));
+    return false;
+}
+
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments, int maxPositional)
 {
     const QString name = QString::fromLatin1(command);
     if (!parser.parse(QStringList{name} + arguments))
@@ -50,8 +67,8 @@ int parseCommandArguments(QCommandLineParser &parser, const char *command, const
         QTextStream(stdout) << parser.helpText().replace(program, QStringLiteral("Usage: vistra-tester ") + name);
         return ExitOk;
     }
-    if (!parser.positionalArguments().isEmpty())
-        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (parser.positionalArguments().size() > maxPositional)
+        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().value(maxPositional)));
     return -1;
 }
 

@@ -15,6 +15,10 @@ namespace app {
 namespace {
 
 const char *const kMovie = "movie";
+// Frames are drawn one by one: ten minutes at 240 frames per second is already 144000 of them.
+constexpr NumberRange kDuration{0, 600};
+// Frame times are counted in whole ticks of the frame rate, so below 1 there is no time scale.
+constexpr NumberRange kFPS{1, 240};
 
 } // namespace
 
@@ -24,9 +28,9 @@ int runMovieCommand(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Makes the default test movie (a turning pattern with a running time stamp) in the temporary folder and prints its path. A movie of the same parameters is reused."));
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("size"), QStringLiteral("Frame size (default 1920x1080; height capped at 1080, width rounded up to 16)."), QStringLiteral("WxH")},
-        {QStringLiteral("duration"), QStringLiteral("Length in seconds (default 5)."), QStringLiteral("S")},
-        {QStringLiteral("fps"), QStringLiteral("Frames per second, at least 1 (default 24)."), QStringLiteral("F")},
+        {QStringLiteral("size"), QStringLiteral("Frame size, each side 1 to 15000 (default 1920x1080; height capped at 1080, width rounded up to 16)."), QStringLiteral("WxH")},
+        {QStringLiteral("duration"), QStringLiteral("Length in seconds, 0 to 600 (default 5)."), QStringLiteral("S")},
+        {QStringLiteral("fps"), QStringLiteral("Frames per second, 1 to 240 (default 24)."), QStringLiteral("F")},
         {QStringLiteral("suffix"), QStringLiteral("Text added to the file name."), QStringLiteral("TEXT")},
     });
     if (const int status = parseCommandArguments(parser, kMovie, arguments); status >= 0)
@@ -36,12 +40,11 @@ int runMovieCommand(const QStringList &arguments)
     QString message;
     QSizeF size = generator.videoSize();
     double duration = generator.videoDuration(), fps = generator.videoFPS();
-    if (parser.isSet(QStringLiteral("size")) && !parseSizeOption(parser.value(QStringLiteral("size")), &size, &message))
+    if (parser.isSet(QStringLiteral("size")) && !parseSizeOption(QStringLiteral("size"), parser.value(QStringLiteral("size")), 1, &size, &message))
         return usageError(kMovie, message);
-    if (parser.isSet(QStringLiteral("duration")) && !parseNumberOption(QStringLiteral("--duration"), parser.value(QStringLiteral("duration")), 0.0, true, &duration, &message))
+    if (parser.isSet(QStringLiteral("duration")) && !parseNumberOption(QStringLiteral("duration"), parser.value(QStringLiteral("duration")), kDuration, &duration, &message))
         return usageError(kMovie, message);
-    // Frame times are counted in whole ticks of the frame rate, so below 1 there is no time scale.
-    if (parser.isSet(QStringLiteral("fps")) && !parseNumberOption(QStringLiteral("--fps"), parser.value(QStringLiteral("fps")), 1.0, true, &fps, &message))
+    if (parser.isSet(QStringLiteral("fps")) && !parseNumberOption(QStringLiteral("fps"), parser.value(QStringLiteral("fps")), kFPS, &fps, &message))
         return usageError(kMovie, message);
     const QString suffix = parser.value(QStringLiteral("suffix"));
     if (suffix.contains(QLatin1Char('/')))

@@ -64,7 +64,7 @@ int runPhotoCommand(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Draws one test picture and writes it as a JPEG with capture date, location and pairing metadata."));
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("size"), QStringLiteral("Picture size in pixels."), QStringLiteral("WxH")},
+        {QStringLiteral("size"), QStringLiteral("Picture size in whole pixels, each side 1 to 15000."), QStringLiteral("WxH")},
         {QStringLiteral("content"), QStringLiteral("solid, concentric or radial (default radial)."), QStringLiteral("KIND"), QStringLiteral("radial")},
         {QStringLiteral("color"), QStringLiteral("Colour of the content: a name such as red or #RRGGBB."), QStringLiteral("C")},
         {QStringLiteral("orientation"), QStringLiteral("Store the picture turned for this orientation (Up, Down, Left, Right, Up Mirrored, ...)."), QStringLiteral("LABEL")},
@@ -82,11 +82,13 @@ int runPhotoCommand(const QStringList &arguments)
     QSizeF size;
     if (!parser.isSet(QStringLiteral("size")))
         return usageError(kPhoto, QStringLiteral("--size WxH is required"));
-    if (!parseSizeOption(parser.value(QStringLiteral("size")), &size, &message))
+    if (!parseSizeOption(QStringLiteral("size"), parser.value(QStringLiteral("size")), 1, &size, &message))
         return usageError(kPhoto, message);
     const QString output = parser.value(QStringLiteral("o"));
     if (output.isEmpty())
         return usageError(kPhoto, QStringLiteral("-o FILE.jpg is required"));
+    if (!checkOutputSuffix(output, {QStringLiteral("jpg"), QStringLiteral("jpeg")}, &message))
+        return usageError(kPhoto, message);
     if (QFileInfo::exists(output) && !parser.isSet(QStringLiteral("force")))
         return usageError(kPhoto, QStringLiteral("%1 exists; use --force to replace it").arg(output));
 

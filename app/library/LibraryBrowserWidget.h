@@ -26,7 +26,7 @@ public:
     LibraryThumbnailModel *thumbnailModel() const { return m_model; }
 
 protected:
-    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void _reload();

@@ -2,9 +2,19 @@
 
 #include <QPointer>
 
+#include <cmath>
+
 namespace {
+
 // Enough for a few screens of large thumbnails.
 constexpr int kCachedThumbnails = 2000;
+
+QString durationText(double seconds)
+{
+    const qint64 s = std::llround(std::max(0.0, seconds));
+    return s >= 3600 ? QString::asprintf("%lld:%02lld:%02lld", s / 3600, s / 60 % 60, s % 60) : QString::asprintf("%lld:%02lld", s / 60, s % 60);
+}
+
 } // namespace
 
 LibraryThumbnailModel::LibraryThumbnailModel(std::shared_ptr<VHPhotoLibrary> library, VHImageManager *imageManager,
@@ -51,17 +61,30 @@ QVariant LibraryThumbnailModel::data(const QModelIndex &index, int role) const
         }
         return {};
     }
+    case DurationTextRole:
+        return asset.mediaType() == VHAssetMediaType::Video ? QVariant(durationText(asset.duration())) : QVariant();
+    case StirShotRole:
+        return asset.isMovingPhoto();
     case Qt::ToolTipRole:
-        return QStringLiteral("%1\n%2 × %3\n%4")
+        return QStringLiteral("%1\n%2 × %3\n%4%5")
             .arg(asset.localIdentifier())
             .arg(asset.pixelWidth())
             .arg(asset.pixelHeight())
-            .arg(asset.localCreationDate().toString(Qt::ISODate));
+            .arg(asset.localCreationDate().toString(Qt::ISODate), kindText(asset, QStringLiteral("\n")));
     case Qt::AccessibleTextRole:
-        return asset.localIdentifier();
+        return asset.localIdentifier() + kindText(asset, QStringLiteral(", "));
     default:
         return {};
     }
+}
+
+QString LibraryThumbnailModel::kindText(const VHAsset &asset, const QString &separator)
+{
+    if (asset.mediaType() == VHAssetMediaType::Video)
+        return separator + tr("Video, %1").arg(durationText(asset.duration()));
+    if (asset.isMovingPhoto())
+        return separator + tr("Stir Shot");
+    return {};
 }
 
 bool LibraryThumbnailModel::hasThumbnail(int row) const

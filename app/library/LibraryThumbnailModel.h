@@ -16,6 +16,12 @@ class LibraryThumbnailModel : public QAbstractListModel {
     Q_OBJECT
 
 public:
+    // What a cell shows over its thumbnail, as photo grids do.
+    enum Role {
+        DurationTextRole = Qt::UserRole + 1, // a video's length ("0:05", "1:02:03"); nothing for stills
+        StirShotRole,                        // true for a still paired with its movie
+    };
+
     LibraryThumbnailModel(std::shared_ptr<VHPhotoLibrary> library, VHImageManager *imageManager,
                           QObject *parent = nullptr);
     ~LibraryThumbnailModel() override;
@@ -40,6 +46,8 @@ public:
     qint64 requestCount() const { return m_requestCount; }
 
 private:
+    // "Video, 0:05" or "Stir Shot" after `separator`; nothing for a plain still.
+    static QString kindText(const VHAsset &asset, const QString &separator);
     void _deliver(qint64 assetRow, int row, const graphics::ImagePtr &image);
 
     std::shared_ptr<VHPhotoLibrary> m_library;

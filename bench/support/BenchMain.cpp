@@ -1,12 +1,12 @@
-// The main of every benchmark program: a GUI application on the offscreen platform (text is drawn
-// with fonts; nothing is shown) and private data, config and temporary folders, so a benchmark
-// never touches the user's library or settings.
+// The main of every benchmark program: an application on the offscreen platform (text is drawn
+// with fonts, widgets paint into an offscreen backing store; nothing is shown) and private data,
+// config and temporary folders, so a benchmark never touches the user's library or settings.
 
 #include "dispatch/Dispatch.h"
 
 #include <QDir>
 #include <QFile>
-#include <QGuiApplication>
+#include <QApplication>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -23,7 +23,7 @@ int main(int argc, char **argv)
         return 1;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -58,8 +58,16 @@ public:
         }
         if (c.isDigit() || c == QLatin1Char('-') || c == QLatin1Char('.')) {
             qsizetype j = m_i + 1;
-            while (j < m_s.size() && (m_s[j].isDigit() || m_s[j] == QLatin1Char('.') || m_s[j] == QLatin1Char('e')))
+            while (j < m_s.size() && (m_s[j].isDigit() || m_s[j] == QLatin1Char('.')))
                 ++j;
+            // An exponent with its own sign ("1e-5"); the text as a whole is checked below.
+            if (j < m_s.size() && (m_s[j] == QLatin1Char('e') || m_s[j] == QLatin1Char('E'))) {
+                ++j;
+                if (j < m_s.size() && (m_s[j] == QLatin1Char('+') || m_s[j] == QLatin1Char('-')))
+                    ++j;
+                while (j < m_s.size() && m_s[j].isDigit())
+                    ++j;
+            }
             bool ok = false;
             const double value = m_s.mid(m_i, j - m_i).toDouble(&ok);
             if (!ok) {

@@ -2,9 +2,9 @@
 // Row and section conditions: a predicate over a settings object's keys, parsed once from text
 // such as "internalCancelable != 0" or "sortAlphabetically == 0 AND splitView != 0".
 //
-// Grammar: comparisons `key OP literal` (OP: == != < <= > >=; literal: a number, YES/NO,
-// TRUE/FALSE, nil, or a quoted text) or a bare key (true when non-zero / non-empty), joined by
-// AND / OR (also && and ||), NOT (!) and parentheses.
+// Grammar: comparisons `key OP literal` (OP: == != < <= > >=; literal: a number such as 3, -0.5
+// or 1e-5, YES/NO, TRUE/FALSE, nil, or a quoted text) or a bare key (true when non-zero /
+// non-empty), joined by AND / OR (also && and ||), NOT (!) and parentheses.
 
 #include <QString>
 #include <QStringList>

@@ -7,6 +7,8 @@
 
 #include <QLoggingCategory>
 
+#include <cmath>
+
 Q_DECLARE_LOGGING_CATEGORY(lcSettings)
 
 std::shared_ptr<TWRowAction> TWRowAction::actionWithHandler(Handler handler)
@@ -94,6 +96,22 @@ QString TWRow::displayTitle(const TWSettings *settings) const
     return v.isNull() ? QString() : v.toString();
 }
 
+bool TWRow::editsValue() const
+{
+    switch (m_kind) {
+    case Kind::Switch: case Kind::Slider: case Kind::Choice: case Kind::EditFloat: case Kind::EditString:
+        return true;
+    case Kind::DrillDown: case Kind::Button:
+        return false;
+    }
+    return false;
+}
+
+bool TWSwitchRow::offersValue(const QVariant &value) const
+{
+    return value.typeId() == QMetaType::Bool;
+}
+
 std::shared_ptr<TWSwitchRow> TWSwitchRow::rowWithTitle(const QString &title, const QString &valueKeyPath)
 {
     return std::shared_ptr<TWSwitchRow>(new TWSwitchRow(Kind::Switch, title, valueKeyPath));
@@ -109,6 +127,18 @@ TWSliderRow *TWSliderRow::minValue(double minimum, double maximum)
     m_min = minimum;
     m_max = maximum;
     return this;
+}
+
+bool TWSliderRow::offersValue(const QVariant &value) const
+{
+    bool ok = false;
+    const double number = value.toDouble(&ok);
+    return ok && value.typeId() != QMetaType::QString && number >= m_min && number <= m_max;
+}
+
+QString TWSliderRow::offeredValuesText() const
+{
+    return QStringLiteral("within %1 to %2").arg(TWSettingValueText(m_min), TWSettingValueText(m_max));
 }
 
 TWSliderRow *TWSliderRow::vu_increment(double step)
@@ -157,6 +187,22 @@ QString TWChoiceRow::titleForValue(const QVariant &value) const
     return i >= 0 ? m_titles[i] : TWSettingValueText(value);
 }
 
+QString TWChoiceRow::offeredValuesText() const
+{
+    QStringList choices;
+    for (int i = 0; i < m_values.size(); ++i) {
+        const QString value = TWSettingValueText(m_values[i]);
+        choices << (m_titles[i] == value ? value : QStringLiteral("%1 (%2)").arg(value, m_titles[i]));
+    }
+    return QStringLiteral("one of ") + choices.join(QStringLiteral(", "));
+}
+
+bool TWEditFloatRow::offersValue(const QVariant &value) const
+{
+    bool ok = false;
+    return value.typeId() != QMetaType::QString && std::isfinite(value.toDouble(&ok)) && ok;
+}
+
 std::shared_ptr<TWEditFloatRow> TWEditFloatRow::rowWithTitle(const QString &title, const QString &valueKeyPath)
 {
     return std::shared_ptr<TWEditFloatRow>(new TWEditFloatRow(Kind::EditFloat, title, valueKeyPath));
@@ -165,6 +211,22 @@ std::shared_ptr<TWEditFloatRow> TWEditFloatRow::rowWithTitle(const QString &titl
 std::shared_ptr<TWEditStringRow> TWEditStringRow::rowWithTitle(const QString &title, const QString &valueKeyPath)
 {
     return std::shared_ptr<TWEditStringRow>(new TWEditStringRow(Kind::EditString, title, valueKeyPath));
+}
+
+TWEditStringRow *TWEditStringRow::setRequiresText(bool requiresText)
+{
+    m_requiresText = requiresText;
+    return this;
+}
+
+bool TWEditStringRow::offersValue(const QVariant &value) const
+{
+    return value.typeId() == QMetaType::QString && (!m_requiresText || !value.toString().trimmed().isEmpty());
+}
+
+QString TWEditStringRow::offeredValuesText() const
+{
+    return m_requiresText ? QStringLiteral("a non-blank text") : QStringLiteral("a text");
 }
 
 std::shared_ptr<TWDrillDownRow> TWDrillDownRow::rowWithTitle(const QString &title, const QString &childSettingsKeyPath)
@@ -223,4 +285,14 @@ TWRow *TWModule::rowWithTitle(const QString &title) const
             if (row->title() == title)
                 return row.get();
     return nullptr;
+}
+
+std::vector<const TWRow *> TWModule::rowsEditingKeyPath(const QString &keyPath) const
+{
+    std::vector<const TWRow *> rows;
+    for (const TWSection &section : m_sections)
+        for (const TWRowPtr &row : section.rows)
+            if (row->editsValue() && row->valueKeyPath() == keyPath)
+                rows.push_back(row.get());
+    return rows;
 }

@@ -85,6 +85,15 @@ public:
     QString displayTitle(const TWSettings *settings) const;
     bool isVisible(const TWSettings *settings) const { return m_condition.evaluate(settings); }
 
+    // Whether the row edits the value at its key path (switch, slider, choice and edit rows).
+    bool editsValue() const;
+    // Whether the row can put `value`, already of the key's kind, into its key. Rows that edit
+    // no value offer nothing.
+    virtual bool offersValue(const QVariant &value) const { return false; }
+    // What the row offers, completing "VALUE is not ...": "one of 0 (Photo), 1 (Video)",
+    // "within 100 to 15000".
+    virtual QString offeredValuesText() const { return {}; }
+
 protected:
     TWRow(Kind kind, QString title, QString keyPath) : m_kind(kind), m_title(std::move(title)), m_keyPath(std::move(keyPath)) {}
 
@@ -102,6 +111,8 @@ using TWRowPtr = std::shared_ptr<TWRow>;
 class TWSwitchRow : public TWRow {
 public:
     static std::shared_ptr<TWSwitchRow> rowWithTitle(const QString &title, const QString &valueKeyPath);
+    bool offersValue(const QVariant &value) const override;
+    QString offeredValuesText() const override { return QStringLiteral("true or false"); }
 
 private:
     using TWRow::TWRow;
@@ -116,6 +127,9 @@ public:
     double maximum() const { return m_max; }
     // 0: continuous.
     double increment() const { return m_increment; }
+    // Any number within the bounds, whatever the step: the step is the control's.
+    bool offersValue(const QVariant &value) const override;
+    QString offeredValuesText() const override;
 
 private:
     using TWRow::TWRow;
@@ -134,6 +148,8 @@ public:
     // The title of `value`, or its own text when it is not one of the choices.
     QString titleForValue(const QVariant &value) const;
     int indexOfValue(const QVariant &value) const;
+    bool offersValue(const QVariant &value) const override { return indexOfValue(value) >= 0; }
+    QString offeredValuesText() const override;
 
 private:
     using TWRow::TWRow;
@@ -144,6 +160,8 @@ private:
 class TWEditFloatRow : public TWRow {
 public:
     static std::shared_ptr<TWEditFloatRow> rowWithTitle(const QString &title, const QString &valueKeyPath);
+    bool offersValue(const QVariant &value) const override;
+    QString offeredValuesText() const override { return QStringLiteral("a finite number"); }
 
 private:
     using TWRow::TWRow;
@@ -152,9 +170,15 @@ private:
 class TWEditStringRow : public TWRow {
 public:
     static std::shared_ptr<TWEditStringRow> rowWithTitle(const QString &title, const QString &valueKeyPath);
+    // Whether an empty (or all-blank) text is refused, as for a folder to write into.
+    bool requiresText() const { return m_requiresText; }
+    TWEditStringRow *setRequiresText(bool requiresText);
+    bool offersValue(const QVariant &value) const override;
+    QString offeredValuesText() const override;
 
 private:
     using TWRow::TWRow;
+    bool m_requiresText = false;
 };
 
 class TWDrillDownRow : public TWRow {
@@ -195,6 +219,8 @@ public:
     const std::vector<TWSection> &sections() const { return m_sections; }
     // A row by title, for tests and scripted taps; null when absent.
     TWRow *rowWithTitle(const QString &title) const;
+    // The rows that edit the value at `keyPath`, in screen order.
+    std::vector<const TWRow *> rowsEditingKeyPath(const QString &keyPath) const;
 
 private:
     QString m_title;

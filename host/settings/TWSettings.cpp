@@ -1,5 +1,6 @@
 #include "TWSettings.h"
 
+#include "TWModule.h"
 #include "TWSettingsArchive.h"
 
 #include <QJsonArray>
@@ -7,6 +8,7 @@
 #include <QLoggingCategory>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -71,6 +73,18 @@ bool toInteger(const QVariant &v, qint64 min, qint64 max, qint64 *out, QString *
     }
     *error = QStringLiteral("expected a whole number");
     return false;
+}
+
+QVariant zeroValue(TWSettings::Kind kind)
+{
+    switch (kind) {
+    case TWSettings::Kind::Bool: return false;
+    case TWSettings::Kind::Int64: case TWSettings::Kind::Int32: return QVariant::fromValue<qint64>(0);
+    case TWSettings::Kind::Double: return 0.0;
+    case TWSettings::Kind::String: return QString();
+    case TWSettings::Kind::Location: case TWSettings::Kind::Variant: case TWSettings::Kind::Child: return {};
+    }
+    return {};
 }
 
 } // namespace
@@ -275,6 +289,7 @@ void TWSettings::declareKey(const QString &key, Kind kind)
     auto s = std::make_unique<Slot>();
     s->key = key;
     s->kind = kind;
+    s->value = zeroValue(kind);
     m_slots.push_back(std::move(s));
 }
 
@@ -400,16 +415,56 @@ QVariant TWSettings::valueForKeyPath(const QString &keyPath) const
     return node ? node->valueForKey(key) : QVariant();
 }
 
+TWSettings *TWSettings::ownerOfKeyPath(const QString &keyPath, QString *key, QString *error)
+{
+    TWSettings *node = resolveKeyPath(keyPath, key);
+    if (!node && error)
+        *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
+    return node;
+}
+
 bool TWSettings::setValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error)
 {
     QString key;
-    TWSettings *node = resolveKeyPath(keyPath, &key);
-    if (!node) {
-        if (error)
-            *error = QStringLiteral("unknown key path '%1'").arg(keyPath);
+    TWSettings *node = ownerOfKeyPath(keyPath, &key, error);
+    return node && node->setValueForKey(value, key, error);
+}
+
+bool TWSettings::validateValue(QVariant *value, const QString &key, QString *error) const
+{
+    QString ignored;
+    if (!error)
+        error = &ignored;
+    const Slot *s = slot(key);
+    if (!s) {
+        *error = QStringLiteral("unknown key '%1'").arg(key);
         return false;
     }
-    return node->setValueForKey(value, key, error);
+    QVariant converted;
+    if (!TWConvertSettingValue(s->kind, *value, &converted, error))
+        return false;
+    const std::shared_ptr<TWModule> module = settingsModule();
+    const std::vector<const TWRow *> rows = module ? module->rowsEditingKeyPath(key) : std::vector<const TWRow *>();
+    if (!rows.empty() && std::none_of(rows.begin(), rows.end(), [&](const TWRow *row) { return row->offersValue(converted); })) {
+        QStringList offered;
+        for (const TWRow *row : rows)
+            offered << row->offeredValuesText();
+        const QString shown = converted.typeId() == QMetaType::QString ? QStringLiteral("\"%1\"").arg(converted.toString()) : TWSettingValueText(converted);
+        *error = QStringLiteral("%1 is not %2").arg(shown, offered.join(QStringLiteral(" or ")));
+        return false;
+    }
+    *value = converted;
+    return true;
+}
+
+bool TWSettings::validateAndSetValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error)
+{
+    QString key;
+    TWSettings *node = ownerOfKeyPath(keyPath, &key, error);
+    if (!node)
+        return false;
+    QVariant validated = value;
+    return node->validateValue(&validated, key, error) && node->setValueForKey(validated, key, error);
 }
 
 bool TWSettings::boolValue(const QString &key) const { return valueForKey(key).toBool(); }
@@ -426,16 +481,9 @@ void TWSettings::setValue(const QString &key, const QVariant &value)
 
 void TWSettings::setDefaultValues()
 {
-    for (const auto &s : m_slots) {
-        switch (s->kind) {
-        case Kind::Bool: setValue(s->key, false); break;
-        case Kind::Int64: case Kind::Int32: setValue(s->key, QVariant::fromValue<qint64>(0)); break;
-        case Kind::Double: setValue(s->key, 0.0); break;
-        case Kind::String: setValue(s->key, QString()); break;
-        case Kind::Location: case Kind::Variant: setValue(s->key, QVariant()); break;
-        case Kind::Child: break;
-        }
-    }
+    for (const auto &s : m_slots)
+        if (!s->child && archiveValueForKey(s->key).isValid())
+            setValue(s->key, zeroValue(s->kind));
 }
 
 void TWSettings::restoreDefaultValuesRecursively()
@@ -469,7 +517,7 @@ void TWSettings::applyArchiveValue(const QVariant &value, const QString &key)
 {
     QString error;
     const QVariant v = value.typeId() == QMetaType::Nullptr ? QVariant() : value;
-    if (!setValueForKey(v, key, &error))
+    if (!validateAndSetValueForKeyPath(v, key, &error))
         qCWarning(lcSettings).noquote() << "skipping stored value for" << (keyPath().isEmpty() ? key : keyPath() + QLatin1Char('.') + key) << ":" << error;
 }
 

@@ -36,6 +36,14 @@ public:
     // Splits "a.b.key" into the settings object of "a.b" and "key"; null when the path is unknown.
     TWSettings *resolveKeyPath(const QString &keyPath, QString *key);
 
+    // Converts `value` to the key's kind and checks that a row of this object's screen could put
+    // it there: a choice row's values, a slider's bounds. Keys that no row edits take any value of
+    // their kind. Values from outside the code go through this (the command line, the archive,
+    // the screen); code that sets a key directly is trusted with values no row offers.
+    bool validateValue(QVariant *value, const QString &key, QString *error = nullptr) const;
+    // validateValue, then setValueForKey, for the key at a path below this object.
+    bool validateAndSetValueForKeyPath(const QVariant &value, const QString &keyPath, QString *error = nullptr);
+
     const std::vector<KeyInfo> &keys() const { return m_keys; }
     bool hasKey(const QString &key) const;
     Kind kindOfKey(const QString &key) const;
@@ -48,6 +56,9 @@ public:
     virtual TWSettings *parentSettings() const;
     // Sets every option of this object (not its children) to its default. The base resets every
     // option to false, zero, an empty string or nil; subclasses call it first, then set theirs.
+    // Keys the archive leaves out (archiveValueForKey gives nothing) are run-time state that
+    // running work shows, not options: the base leaves them alone, so restoring defaults while
+    // that work runs keeps what it shows. They start at false, zero, an empty string or nil.
     virtual void setDefaultValues();
     // setDefaultValues on this object and on every object below it.
     void restoreDefaultValuesRecursively();
@@ -61,13 +72,14 @@ public:
 
     // The value stored for one key; a null QVariant stores nothing.
     virtual QVariant archiveValueForKey(const QString &key) const;
-    // Sets one key from a stored value while the tree is restored.
+    // Sets one key from a stored value while the tree is restored; a value that fails
+    // validateValue is skipped with a warning.
     virtual void applyArchiveValue(const QVariant &value, const QString &key);
 
     // The archive of this object and everything below it, keyed by key path from this object.
     QJsonObject archive() const;
-    // Applies an archive made by archive(); a value that does not fit its key is skipped with a
-    // warning, the others apply.
+    // Applies an archive made by archive(); a value that does not fit its key or its rows is
+    // skipped with a warning, the others apply.
     void applyArchive(const QJsonObject &archive);
 
     // Where the tree's archive is kept; tests and the command line may move it.
@@ -111,6 +123,8 @@ private:
     const Slot *slot(const QString &key) const;
     Slot *slot(const QString &key);
     void loadArchive();
+    // resolveKeyPath, with a message when the path leads nowhere.
+    TWSettings *ownerOfKeyPath(const QString &keyPath, QString *key, QString *error);
     void collectArchive(const QString &prefix, QJsonObject *archive) const;
 
     std::vector<KeyInfo> m_keys;

@@ -1,22 +1,18 @@
 #include "TWUISettingsModuleViewController.h"
 
+#include "TWUISettingsCell.h"
+#include "TWUISettingsChoiceViewController.h"
+#include "TWUISettingsControls.h"
 #include "TWUISettingsController.h"
+#include "TWUISettingsPage.h"
+#include "TWUISettingsSectionView.h"
 
 #include "settings/TWSettings.h"
-#include "ui/ButtonText.h"
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QDoubleValidator>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
+#include <QLocale>
 #include <QLoggingCategory>
-#include <QPushButton>
-#include <QScrollArea>
 #include <QSignalBlocker>
-#include <QSlider>
-#include <QVBoxLayout>
 
 #include <cmath>
 
@@ -53,193 +49,209 @@ TWUISettingsModuleViewController::TWUISettingsModuleViewController(TWSettings *s
     connect(m_settings, &TWSettings::valueChanged, this, &TWUISettingsModuleViewController::refresh);
 }
 
-void TWUISettingsModuleViewController::setValue(const TWRow *row, const QVariant &value)
+bool TWUISettingsModuleViewController::setValue(const TWRow *row, const QVariant &value)
 {
     QString error;
-    if (!m_settings->setValueForKeyPath(value, row->valueKeyPath(), &error))
-        qCWarning(lcSettings).noquote() << row->title() << ":" << error;
+    if (m_settings->validateAndSetValueForKeyPath(value, row->valueKeyPath(), &error))
+        return true;
+    qCWarning(lcSettings).noquote() << row->title() << ":" << error;
+    return false;
+}
+
+TWSettings *TWUISettingsModuleViewController::drillDownTarget(const TWRow *row) const
+{
+    auto *drill = dynamic_cast<const TWDrillDownRow *>(row);
+    if (!drill)
+        return nullptr;
+    // An empty key path leads nowhere: it is a row whose screen is not built, not this object.
+    TWSettings *target = drill->foreignSettings();
+    if (!target && !drill->valueKeyPath().isEmpty())
+        target = m_settings->settingsForKeyPath(drill->valueKeyPath());
+    return target && target->settingsModule() ? target : nullptr;
+}
+
+bool TWUISettingsModuleViewController::isTappable(const TWRow *row) const
+{
+    if (row->rowAction())
+        return true;
+    // Drill-downs open their object's screen, choices the list of their values.
+    return row->kind() == TWRow::Kind::Choice || drillDownTarget(row);
 }
 
 void TWUISettingsModuleViewController::tapRow(const TWRow *row)
 {
-    if (row->kind() == TWRow::Kind::DrillDown && !row->rowAction()) {
-        auto *drill = static_cast<const TWDrillDownRow *>(row);
-        TWSettings *target = drill->foreignSettings() ? drill->foreignSettings() : m_settings->settingsForKeyPath(row->valueKeyPath());
-        if (target && m_settingsController)
-            m_settingsController->pushModuleOfSettings(target, true);
+    if (!isTappable(row))
+        return;
+    if (row->rowAction()) {
+        row->rowAction()->perform({m_settings, this, const_cast<TWRow *>(row)});
         return;
     }
-    if (row->rowAction())
-        row->rowAction()->perform({m_settings, this, const_cast<TWRow *>(row)});
+    if (row->kind() == TWRow::Kind::DrillDown) {
+        if (m_settingsController)
+            m_settingsController->pushModuleOfSettings(drillDownTarget(row), true);
+        return;
+    }
+    if (auto *choice = dynamic_cast<const TWChoiceRow *>(row); choice && navigationController())
+        navigationController()->pushViewController(new TWUISettingsChoiceViewController(m_settings, m_module, choice), true);
+}
+
+QList<ui::TappableRow> TWUISettingsModuleViewController::tappableRows()
+{
+    QList<ui::TappableRow> rows;
+    if (!m_module)
+        return rows;
+    for (const TWSection &section : m_module->sections()) {
+        if (!section.isVisible(m_settings))
+            continue;
+        for (const TWRowPtr &row : section.rows)
+            if (isTappable(row.get()) && row->isVisible(m_settings))
+                rows.append({section.title, row->displayTitle(m_settings), [this, row = row.get()] { tapRow(row); }});
+    }
+    return rows;
+}
+
+TWUISettingsCell *TWUISettingsModuleViewController::cellForRow(const TWRow *row) const
+{
+    for (const SectionBinding &section : m_sections)
+        for (const RowBinding &binding : section.rows)
+            if (binding.row == row)
+                return binding.cell;
+    return nullptr;
 }
 
 QWidget *TWUISettingsModuleViewController::loadView()
 {
-    auto *scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    auto *content = new QWidget;
-    auto *column = new QVBoxLayout(content);
-    column->setSpacing(2);
+    auto *page = new TWUISettingsPage;
     if (m_module) {
         for (const TWSection &section : m_module->sections()) {
-            auto *header = new QLabel(section.title.toUpper());
-            header->setObjectName(QStringLiteral("section:%1").arg(section.title));
-            header->setContentsMargins(4, 14, 4, 2);
-            header->setStyleSheet(QStringLiteral("color: palette(mid); font-size: small;"));
-            if (section.title.isEmpty())
-                header->setFixedHeight(12);
-            column->addWidget(header);
-            m_headers.emplace_back(&section, header);
+            SectionBinding binding{&section, new TWUISettingsSectionView(section.title), {}};
             for (const TWRowPtr &row : section.rows) {
-                QWidget *widget = makeRowWidget(row);
-                column->addWidget(widget);
-                m_rows.back().section = &section;
+                binding.rows.push_back(makeRow(row));
+                binding.view->addCell(binding.rows.back().cell);
             }
+            page->addSection(binding.view);
+            m_sections.push_back(std::move(binding));
         }
     }
-    column->addStretch(1);
-    scroll->setWidget(content);
     refresh();
-    return scroll;
+    return page;
 }
 
-QWidget *TWUISettingsModuleViewController::makeRowWidget(const TWRowPtr &rowPtr)
+TWUISettingsModuleViewController::RowBinding TWUISettingsModuleViewController::makeRow(const TWRowPtr &rowPtr)
 {
     const TWRow *row = rowPtr.get();
-    auto *widget = new QWidget;
-    widget->setObjectName(QStringLiteral("row:%1").arg(row->title()));
-    auto *line = new QHBoxLayout(widget);
-    line->setContentsMargins(8, 2, 8, 2);
-    RowBinding binding{row, nullptr, widget, nullptr, {}};
+    auto *cell = new TWUISettingsCell;
+    cell->setObjectName(QStringLiteral("row:%1").arg(row->title()));
+    cell->setTitle(row->title());
+    const bool tappable = isTappable(row);
+    cell->setTappable(tappable);
+    connect(cell, &TWUISettingsCell::tapped, this, [this, row] { tapRow(row); });
+    RowBinding binding{row, cell, {}};
     const QString keyPath = row->valueKeyPath();
 
-    auto addTitle = [&] {
-        binding.titleLabel = new QLabel(row->title());
-        line->addWidget(binding.titleLabel, 1);
-    };
-
-    // Rows with an action of their own (a choice that opens a picker screen) are tapped as a whole.
-    const bool tappable = row->kind() == TWRow::Kind::Button || row->kind() == TWRow::Kind::DrillDown || row->rowAction();
-    if (tappable) {
-        auto *button = new QPushButton;
-        button->setObjectName(row->title());
-        button->setFlat(true);
-        button->setStyleSheet(QStringLiteral("text-align: left; padding: 6px;"));
-        line->addWidget(button, 1);
-        const bool hasArrow = row->kind() != TWRow::Kind::Button;
-        auto *choice = dynamic_cast<const TWChoiceRow *>(row);
-        binding.update = [this, row, button, hasArrow, choice] {
-            QString text = row->displayTitle(m_settings);
-            if (choice)
-                text += QStringLiteral("    %1").arg(choice->titleForValue(m_settings->valueForKeyPath(row->valueKeyPath())));
-            button->setText(ui::buttonText(hasArrow ? text + QStringLiteral("  ›") : text));
-        };
-        connect(button, &QPushButton::clicked, this, [this, row] { tapRow(row); });
-    } else {
-        addTitle();
-        switch (row->kind()) {
-        case TWRow::Kind::Switch: {
-            auto *box = new QCheckBox;
-            box->setObjectName(keyPath);
-            line->addWidget(box);
-            binding.update = [this, box, keyPath] {
-                QSignalBlocker block(box);
-                box->setChecked(m_settings->valueForKeyPath(keyPath).toBool());
-            };
-            connect(box, &QCheckBox::toggled, this, [this, row](bool on) { setValue(row, on); });
-            break;
-        }
-        case TWRow::Kind::Slider: {
-            auto *sliderRow = static_cast<const TWSliderRow *>(row);
-            const SliderScale scale(*sliderRow);
-            auto *slider = new QSlider(Qt::Horizontal);
-            slider->setObjectName(keyPath);
-            slider->setRange(0, scale.positions);
-            auto *valueLabel = new QLabel;
-            valueLabel->setMinimumWidth(48);
-            valueLabel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            line->addWidget(slider, 2);
-            line->addWidget(valueLabel);
-            binding.update = [this, slider, valueLabel, keyPath, scale] {
-                const double value = m_settings->valueForKeyPath(keyPath).toDouble();
-                QSignalBlocker block(slider);
-                slider->setValue(scale.positionOf(value));
-                valueLabel->setText(numberText(value));
-            };
-            connect(slider, &QSlider::valueChanged, this, [this, row, scale, keyPath](int position) {
-                const double value = scale.valueAt(position);
-                QString key;
-                TWSettings *owner = m_settings->resolveKeyPath(keyPath, &key);
-                const bool whole = owner && (owner->kindOfKey(key) == TWSettings::Kind::Int64 || owner->kindOfKey(key) == TWSettings::Kind::Int32);
-                setValue(row, whole ? QVariant::fromValue<qint64>(std::llround(value)) : QVariant(value));
-            });
-            break;
-        }
-        case TWRow::Kind::Choice: {
-            auto *choice = static_cast<const TWChoiceRow *>(row);
-            auto *combo = new QComboBox;
-            combo->setObjectName(keyPath);
-            combo->addItems(choice->titles());
-            line->addWidget(combo);
-            binding.update = [this, combo, choice, keyPath] {
-                const QVariant value = m_settings->valueForKeyPath(keyPath);
-                QSignalBlocker block(combo);
-                const int index = choice->indexOfValue(value);
-                combo->setCurrentIndex(index);
-                combo->setPlaceholderText(index < 0 ? TWSettingValueText(value) : QString());
-            };
-            connect(combo, &QComboBox::activated, this, [this, row, choice](int index) {
-                if (index >= 0 && index < choice->values().size())
-                    setValue(row, choice->values()[index]);
-            });
-            break;
-        }
-        case TWRow::Kind::EditFloat:
-        case TWRow::Kind::EditString: {
-            auto *edit = new QLineEdit;
-            edit->setObjectName(keyPath);
-            const bool number = row->kind() == TWRow::Kind::EditFloat;
-            if (number)
-                edit->setValidator(new QDoubleValidator(edit));
-            line->addWidget(edit, 2);
-            binding.update = [this, edit, keyPath, number] {
-                if (edit->hasFocus())
-                    return;
-                const QVariant value = m_settings->valueForKeyPath(keyPath);
-                edit->setText(number ? numberText(value.toDouble()) : value.toString());
-            };
-            connect(edit, &QLineEdit::editingFinished, this, [this, row, edit, number] {
-                if (number)
-                    setValue(row, QLocale().toDouble(edit->text()));
-                else
-                    setValue(row, edit->text());
-            });
-            break;
-        }
-        case TWRow::Kind::DrillDown:
-        case TWRow::Kind::Button:
-            break;
-        }
+    switch (row->kind()) {
+    case TWRow::Kind::Button:
+        cell->setStyle(tappable ? TWUISettingsCell::Style::Button : TWUISettingsCell::Style::Inert);
+        break;
+    case TWRow::Kind::DrillDown:
+        cell->setStyle(tappable ? TWUISettingsCell::Style::Plain : TWUISettingsCell::Style::Inert);
+        cell->setAccessory(tappable ? TWUISettingsCell::Accessory::Chevron : TWUISettingsCell::Accessory::None);
+        break;
+    case TWRow::Kind::Choice: {
+        auto *choice = static_cast<const TWChoiceRow *>(row);
+        cell->setAccessory(TWUISettingsCell::Accessory::Chevron);
+        binding.update = [this, cell, choice, keyPath] { cell->setDetailText(choice->titleForValue(m_settings->valueForKeyPath(keyPath))); };
+        break;
     }
-    m_rows.push_back(std::move(binding));
-    return widget;
+    case TWRow::Kind::Switch: {
+        auto *toggle = new TWUISwitch;
+        toggle->setObjectName(keyPath);
+        toggle->setAccessibleName(row->title());
+        cell->setTrailingControl(toggle);
+        binding.update = [this, toggle, keyPath] {
+            QSignalBlocker block(toggle);
+            toggle->setChecked(m_settings->valueForKeyPath(keyPath).toBool());
+        };
+        connect(toggle, &QAbstractButton::toggled, this, [this, row, toggle](bool on) {
+            if (!setValue(row, on)) {
+                QSignalBlocker block(toggle);
+                toggle->setChecked(!on);
+            }
+        });
+        break;
+    }
+    case TWRow::Kind::Slider: {
+        auto *sliderRow = static_cast<const TWSliderRow *>(row);
+        const SliderScale scale(*sliderRow);
+        auto *slider = new TWUISettingsSlider;
+        slider->setObjectName(keyPath);
+        slider->setAccessibleName(row->title());
+        slider->setRange(0, scale.positions);
+        cell->setBottomControl(slider);
+        binding.update = [this, cell, slider, keyPath, scale] {
+            const double value = m_settings->valueForKeyPath(keyPath).toDouble();
+            QSignalBlocker block(slider);
+            slider->setValue(scale.positionOf(value));
+            cell->setDetailText(numberText(value));
+        };
+        connect(slider, &QSlider::valueChanged, this, [this, row, scale, keyPath](int position) {
+            const double value = scale.valueAt(position);
+            QString key;
+            TWSettings *owner = m_settings->resolveKeyPath(keyPath, &key);
+            const bool whole = owner && (owner->kindOfKey(key) == TWSettings::Kind::Int64 || owner->kindOfKey(key) == TWSettings::Kind::Int32);
+            setValue(row, whole ? QVariant::fromValue<qint64>(std::llround(value)) : QVariant(value));
+        });
+        break;
+    }
+    case TWRow::Kind::EditFloat:
+    case TWRow::Kind::EditString: {
+        auto *edit = new TWUISettingsTextField;
+        edit->setObjectName(keyPath);
+        edit->setAccessibleName(row->title());
+        const bool number = row->kind() == TWRow::Kind::EditFloat;
+        if (number)
+            edit->setValidator(new QDoubleValidator(edit));
+        cell->setTrailingControl(edit);
+        binding.update = [this, edit, keyPath, number] {
+            if (edit->hasFocus())
+                return;
+            const QVariant value = m_settings->valueForKeyPath(keyPath);
+            edit->setText(number ? numberText(value.toDouble()) : value.toString());
+            edit->setCursorPosition(0);
+        };
+        connect(edit, &QLineEdit::editingFinished, this, [this, row, edit, number] {
+            const bool accepted = setValue(row, number ? QVariant(QLocale().toDouble(edit->text())) : QVariant(edit->text()));
+            // A refused text goes back to the value the key kept.
+            if (!accepted) {
+                edit->clearFocus();
+                refresh();
+            }
+        });
+        break;
+    }
+    }
+    return binding;
 }
 
 void TWUISettingsModuleViewController::refresh()
 {
-    if (!isViewLoaded() && m_rows.empty())
-        return;
-    for (auto &[section, header] : m_headers)
-        header->setVisible(section->isVisible(m_settings));
-    for (RowBinding &binding : m_rows) {
-        const bool visible = binding.section->isVisible(m_settings) && binding.row->isVisible(m_settings);
-        binding.widget->setVisible(visible);
-        if (!visible)
-            continue;
-        if (binding.titleLabel)
-            binding.titleLabel->setText(binding.row->displayTitle(m_settings));
-        if (binding.update)
-            binding.update();
+    for (SectionBinding &section : m_sections) {
+        bool anyShown = false;
+        for (RowBinding &binding : section.rows) {
+            const bool shown = binding.row->isVisible(m_settings);
+            anyShown = anyShown || shown;
+            if (binding.cell->isHidden() == shown) {
+                binding.cell->setVisible(shown);
+                // The separators between the rows change.
+                binding.cell->parentWidget()->update();
+            }
+            if (!shown)
+                continue;
+            binding.cell->setTitle(binding.row->displayTitle(m_settings));
+            if (binding.update)
+                binding.update();
+        }
+        // A section without a row to show is left out, title and all.
+        section.view->setVisible(anyShown && section.section->isVisible(m_settings));
     }
 }

@@ -1,12 +1,13 @@
 #include "Catalogue.h"
 
+#include <QFileInfo>
 #include <QMutexLocker>
 
 namespace photos::detail {
 
 namespace {
 
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 
 // Times are integers (milliseconds UTC; local wall-clock seconds) so that sorting and range scans
 // use plain integer indexes; the row id ends every index, so (hidden, creation_ms) alone answers the
@@ -46,7 +47,8 @@ CREATE TABLE IF NOT EXISTS pending_file (
   id INTEGER PRIMARY KEY,
   source TEXT NOT NULL,
   destination TEXT NOT NULL,
-  moved INTEGER NOT NULL
+  moved INTEGER NOT NULL,
+  owner INTEGER NOT NULL DEFAULT 0
 );
 CREATE TABLE IF NOT EXISTS highlight (
   id INTEGER PRIMARY KEY,
@@ -88,9 +90,24 @@ const char kAssetColumns[] =
     " latitude, longitude, duration, favorite, hidden, pairing_identifier, display_time_value,"
     " display_time_scale, added_ms FROM asset WHERE id = ?";
 
+// The statement ends before this returns: a statement still stepping would hold its read
+// transaction into a following BEGIN IMMEDIATE, which then fails at once with "database is
+// locked" whenever another connection writes, instead of waiting its turn.
+qint64 schemaVersion(Database &database)
+{
+    auto version = database.prepare("PRAGMA user_version");
+    return version.next() ? version.int64(0) : 0;
+}
+
+void checkNotNewer(qint64 version)
+{
+    if (version > kSchemaVersion)
+        throw DatabaseError(QStringLiteral("the catalogue was made by a newer version (schema %1)").arg(version));
+}
+
 } // namespace
 
-Catalogue::Catalogue(const QString &databasePath) : m_path(databasePath)
+Catalogue::Catalogue(const QString &databasePath, Access access) : m_path(databasePath), m_access(access)
 {
 }
 
@@ -98,21 +115,43 @@ Catalogue::~Catalogue() = default;
 
 void Catalogue::open()
 {
+    if (m_access == ReadOnly) {
+        // Nobody writes a catalogue without its log: read it as it stands, creating nothing.
+        if (!QFileInfo::exists(m_path + QStringLiteral("-wal")))
+            m_readerMode = Database::Immutable;
+        const qint64 version = read(schemaVersion);
+        checkNotNewer(version);
+        if (version == 0)
+            throw DatabaseError(QStringLiteral("the catalogue %1 holds no photo library").arg(m_path));
+        return;
+    }
     m_writer = std::make_unique<Database>(m_path, Database::ReadWrite);
     m_writer->exec("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA foreign_keys=ON;");
-    auto version = m_writer->prepare("PRAGMA user_version");
-    const qint64 current = version.next() ? version.int64(0) : 0;
-    if (current > kSchemaVersion)
-        throw DatabaseError(QStringLiteral("the catalogue was made by a newer version (schema %1)").arg(current));
+    // Every opening by every process passes here; only the first of a version writes.
+    if (schemaVersion(*m_writer) == kSchemaVersion)
+        return;
     Transaction transaction(*m_writer);
-    m_writer->exec(kSchema);
-    m_writer->exec("PRAGMA user_version = 1");
+    const qint64 current = schemaVersion(*m_writer);
+    checkNotNewer(current);
+    if (current < kSchemaVersion) {
+        m_writer->exec(kSchema);
+        if (current == 1)
+            m_writer->exec("ALTER TABLE pending_file ADD COLUMN owner INTEGER NOT NULL DEFAULT 0");
+        m_writer->exec("PRAGMA user_version = 2");
+    }
     transaction.commit();
+}
+
+Database &Catalogue::writer()
+{
+    if (!m_writer)
+        throw DatabaseError(QStringLiteral("the catalogue %1 is read-only").arg(m_path));
+    return *m_writer;
 }
 
 qint64 Catalogue::insertAsset(AssetRecord &record, const std::vector<ResourceRecord> &resources)
 {
-    auto insert = m_writer->prepare(
+    auto insert = writer().prepare(
         "INSERT INTO asset (uuid, media_type, media_subtypes, pixel_width, pixel_height, creation_ms,"
         " local_seconds, latitude, longitude, duration, favorite, hidden, pairing_identifier,"
         " display_time_value, display_time_scale, added_ms)"
@@ -156,22 +195,28 @@ qint64 Catalogue::insertAsset(AssetRecord &record, const std::vector<ResourceRec
 
 qint64 Catalogue::addPendingFile(const PendingFile &file)
 {
-    auto insert = m_writer->prepare("INSERT INTO pending_file (source, destination, moved) VALUES (?, ?, ?)");
-    insert.bind(1, file.source).bind(2, file.destination).bind(3, qint64(file.moved)).run();
+    auto insert = writer().prepare("INSERT INTO pending_file (source, destination, moved, owner) VALUES (?, ?, ?, ?)");
+    insert.bind(1, file.source).bind(2, file.destination).bind(3, qint64(file.moved)).bind(4, file.owner).run();
     return m_writer->lastInsertId();
 }
 
 void Catalogue::removePendingFile(qint64 id)
 {
-    m_writer->prepare("DELETE FROM pending_file WHERE id = ?").bind(1, id).run();
+    writer().prepare("DELETE FROM pending_file WHERE id = ?").bind(1, id).run();
+}
+
+bool Catalogue::hasPendingFiles()
+{
+    auto query = writer().prepare("SELECT EXISTS (SELECT 1 FROM pending_file)");
+    return query.next() && query.int64(0) != 0;
 }
 
 QList<PendingFile> Catalogue::pendingFiles()
 {
     QList<PendingFile> files;
-    auto query = m_writer->prepare("SELECT id, source, destination, moved FROM pending_file ORDER BY id");
+    auto query = writer().prepare("SELECT id, source, destination, moved, owner FROM pending_file ORDER BY id");
     while (query.next())
-        files.append({query.int64(0), query.text(1), query.text(2), query.int64(3) != 0});
+        files.append({query.int64(0), query.text(1), query.text(2), query.int64(3) != 0, query.int64(4)});
     return files;
 }
 
@@ -258,7 +303,7 @@ Catalogue::Lease::Lease(Catalogue &owner) : catalogue(owner)
     }
     locker.unlock();
     if (!database)
-        database = std::make_unique<Database>(catalogue.m_path, Database::ReadOnly);
+        database = std::make_unique<Database>(catalogue.m_path, catalogue.m_readerMode);
 }
 
 Catalogue::Lease::~Lease()

@@ -1,7 +1,8 @@
 #pragma once
 // The SQLite catalogue of one library: the schema, the asset and resource rows, and the journal of
 // file moves in flight. One connection writes (the library's change queue); readers borrow
-// connections from a small pool so that fetches never wait for a change to commit.
+// connections from a small pool so that fetches never wait for a change to commit. A catalogue
+// opened read-only has no writer: reading works, writing raises DatabaseError.
 
 #include "AssetRecord.h"
 #include "Database.h"
@@ -21,17 +22,22 @@ struct PendingFile {
     QString source;      // absolute path it came from
     QString destination; // relative to the library folder
     bool moved = false;  // true when the source is to be moved, false when copied
+    qint64 owner = 0;    // the token of the change that placed it (see ChangeLocks); 0: unknown
 };
 
 class Catalogue {
 public:
-    explicit Catalogue(const QString &databasePath);
+    enum Access { ReadWrite, ReadOnly };
+    explicit Catalogue(const QString &databasePath, Access access = ReadWrite);
     ~Catalogue();
 
-    // Creates or upgrades the schema. Throws DatabaseError.
+    // Read-write: creates or upgrades the schema, writing only when it is not current. Read-only:
+    // checks that the schema can be read. Throws DatabaseError.
     void open();
 
-    Database &writer() { return *m_writer; }
+    bool isReadOnly() const { return m_access == ReadOnly; }
+    // Throws DatabaseError on a read-only catalogue.
+    Database &writer();
 
     template <typename F>
     auto read(F &&function)
@@ -44,6 +50,7 @@ public:
     qint64 insertAsset(AssetRecord &record, const std::vector<ResourceRecord> &resources);
     qint64 addPendingFile(const PendingFile &file);
     void removePendingFile(qint64 id);
+    bool hasPendingFiles();
     QList<PendingFile> pendingFiles();
 
     static std::shared_ptr<const AssetRecord> loadAsset(Database &database, qint64 id);
@@ -61,6 +68,8 @@ private:
     };
 
     QString m_path;
+    Access m_access;
+    Database::Mode m_readerMode = Database::ReadOnly;
     std::unique_ptr<Database> m_writer;
     QMutex m_poolMutex;
     std::vector<std::unique_ptr<Database>> m_readers;

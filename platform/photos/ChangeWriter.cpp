@@ -9,12 +9,15 @@ namespace photos::detail {
 
 bool ChangeWriter::apply(QList<PreparedAsset> &assets, QString *error)
 {
+    const ChangeOwnership ownership(m_locks, error);
+    if (!ownership.token())
+        return false;
     QList<PendingFile> journal;
     try {
         Transaction transaction(m_catalogue.writer());
         for (const PreparedAsset &asset : assets) {
             for (const PreparedFile &file : asset.files) {
-                PendingFile pending{0, file.source, file.resource.relativePath, file.move};
+                PendingFile pending{0, file.source, file.resource.relativePath, file.move, ownership.token()};
                 pending.id = m_catalogue.addPendingFile(pending);
                 journal.append(pending);
             }
@@ -78,13 +81,17 @@ void ChangeWriter::_undo(const QList<PendingFile> &placed, const QList<PendingFi
 QStringList ChangeWriter::reconcile()
 {
     QStringList report;
+    if (!m_catalogue.hasPendingFiles())
+        return report;
+    // Inside the write lock no change can commit, so an entry read here is still pending, and a
+    // live owner still holds its token.
+    Transaction transaction(m_catalogue.writer());
     const QList<PendingFile> pending = m_catalogue.pendingFiles();
-    QSet<QString> recorded;
-    if (!pending.isEmpty()) {
-        const QList<QString> paths = Catalogue::allResourcePaths(m_catalogue.writer());
-        recorded = QSet<QString>(paths.begin(), paths.end());
-    }
+    const QList<QString> paths = Catalogue::allResourcePaths(m_catalogue.writer());
+    const QSet<QString> recorded(paths.begin(), paths.end());
     for (const PendingFile &file : pending) {
+        if (m_locks.isHeld(file.owner))
+            continue;
         // A committed change deletes its journal entries in the same transaction, so a recorded
         // destination here could only come from a hand-edited catalogue: leave that file alone.
         if (!recorded.contains(file.destination)) {
@@ -100,6 +107,7 @@ QStringList ChangeWriter::reconcile()
         }
         m_catalogue.removePendingFile(file.id);
     }
+    transaction.commit();
     return report;
 }
 

@@ -50,7 +50,9 @@ private:
 
 class Database {
 public:
-    enum Mode { ReadOnly, ReadWrite };
+    // Immutable: read-only on a catalogue nobody writes (a read-only library without a write-ahead
+    // log), which SQLite then reads without creating its shared-memory file.
+    enum Mode { ReadOnly, ReadWrite, Immutable };
     Database(const QString &path, Mode mode);
     ~Database();
     Database(const Database &) = delete;

@@ -1,6 +1,7 @@
 #include "LibraryFolder.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -75,9 +76,25 @@ bool sameContents(const QString &a, const QString &b)
     return true;
 }
 
+// The path with every link of its existing part followed; the part that does not exist yet is
+// kept as given.
+QString resolvedPath(const QString &path)
+{
+    QString existing = QDir::cleanPath(QDir(path).absolutePath());
+    QStringList missing;
+    while (!QFileInfo::exists(existing) && !QDir(existing).isRoot()) {
+        missing.prepend(QFileInfo(existing).fileName());
+        existing = QFileInfo(existing).path();
+    }
+    const QString canonical = QFileInfo(existing).canonicalFilePath();
+    if (canonical.isEmpty())
+        return QDir::cleanPath(QDir(path).absolutePath());
+    return QDir::cleanPath(missing.isEmpty() ? canonical : canonical + QLatin1Char('/') + missing.join(QLatin1Char('/')));
+}
+
 } // namespace
 
-LibraryFolder::LibraryFolder(QString root) : m_root(QDir::cleanPath(QDir(root).absolutePath()))
+LibraryFolder::LibraryFolder(QString root) : m_root(resolvedPath(root))
 {
 }
 
@@ -107,6 +124,23 @@ QString LibraryFolder::databasePath() const
 QString LibraryFolder::originalsPath() const
 {
     return m_root + QStringLiteral("/originals");
+}
+
+QString LibraryFolder::changeLockPath() const
+{
+    return m_root + QStringLiteral("/Changes.lock");
+}
+
+bool LibraryFolder::isWritable() const
+{
+    const auto writable = [](const QString &path) { return ::access(QFile::encodeName(path).constData(), W_OK) == 0; };
+    return writable(m_root) && (!QFileInfo::exists(databasePath()) || writable(databasePath()));
+}
+
+bool LibraryFolder::holdsOriginals() const
+{
+    QDirIterator it(originalsPath(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    return it.hasNext();
 }
 
 QString LibraryFolder::originalPathFor(const QString &uuid, const QString &suffix)

@@ -1,6 +1,8 @@
 #pragma once
 // The library's folder on disk: where originals go, how a file is placed there without ever
 // overwriting one, and the check that keeps every path the catalogue names inside the folder.
+// The folder's own path is resolved once, when the object is made: links on the way to it (a
+// linked home or data folder) are followed, while links inside it are refused.
 
 #include <QString>
 
@@ -16,6 +18,12 @@ public:
     const QString &root() const { return m_root; }
     QString databasePath() const;
     QString originalsPath() const;
+    // The lock file of the changes in flight (see ChangeLocks).
+    QString changeLockPath() const;
+    // Whether this user may create files in the folder and change its catalogue.
+    bool isWritable() const;
+    // Whether any original file is there (the catalogue must then be too).
+    bool holdsOriginals() const;
 
     // A fresh relative path for an original: originals/<first uuid digit>/<uuid>.<suffix>.
     static QString originalPathFor(const QString &uuid, const QString &suffix);

@@ -2,6 +2,7 @@
 
 #include "AssetImporter.h"
 #include "Catalogue.h"
+#include "ChangeLocks.h"
 #include "ChangeWriter.h"
 #include "HighlightStore.h"
 #include "LibraryFolder.h"
@@ -10,6 +11,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QMutex>
 #include <QStandardPaths>
 
@@ -89,30 +91,64 @@ QString VHPhotoLibrary::location() const
 
 bool VHPhotoLibrary::open(VHError *error)
 {
-    std::call_once(m_openOnce, [this] {
-        QString reason;
-        if (!m_folder->create(&reason)) {
-            m_openError = reason;
-            return;
-        }
-        auto catalogue = std::make_unique<photos::detail::Catalogue>(m_folder->databasePath());
-        try {
-            catalogue->open();
-            // SQLite gives its journal files the catalogue's permissions.
-            QFile::setPermissions(m_folder->databasePath(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-            m_reconciliation = photos::detail::ChangeWriter(*catalogue, *m_folder).reconcile();
-            for (const QString &line : std::as_const(m_reconciliation))
-                qCInfo(lcPhotos).noquote() << "reconciled an interrupted change:" << line;
-            m_highlightsDirty = photos::detail::HighlightStore(catalogue->writer()).hasDirtyDays();
-        } catch (const photos::detail::DatabaseError &failure) {
-            m_openError = failure.message();
-            return;
-        }
-        m_catalogue = std::move(catalogue);
-    });
+    return _open(true, error);
+}
+
+bool VHPhotoLibrary::openExisting(VHError *error)
+{
+    return _open(false, error);
+}
+
+bool VHPhotoLibrary::isReadOnly() const
+{
+    return m_catalogue && m_catalogue->isReadOnly();
+}
+
+bool VHPhotoLibrary::_open(bool create, VHError *error)
+{
+    std::call_once(m_openOnce, [this, create] { m_openError = _openCatalogue(create); });
     if (!m_catalogue && error)
         *error = VHError(QStringLiteral("cannot open the photo library at %1: %2").arg(location(), m_openError));
     return m_catalogue != nullptr;
+}
+
+// Opens the catalogue into m_catalogue; the reason it cannot otherwise.
+QString VHPhotoLibrary::_openCatalogue(bool create)
+{
+    const QString databasePath = m_folder->databasePath();
+    const QFileInfo database(databasePath);
+    if (!database.exists() && !create)
+        return QStringLiteral("there is no photo library there");
+    // A new catalogue beside the originals of an old one would hide them all.
+    if ((!database.exists() || database.size() == 0) && m_folder->holdsOriginals())
+        return QStringLiteral("the catalogue %1 is damaged (%2) while the library holds original files; restore it "
+                              "from a backup or move the library aside")
+            .arg(databasePath, database.exists() ? QStringLiteral("it is empty") : QStringLiteral("it is missing"));
+    const bool readOnly = database.exists() && !m_folder->isWritable();
+    if (!readOnly) {
+        QString reason;
+        if (!m_folder->create(&reason))
+            return reason;
+    }
+    auto catalogue = std::make_unique<photos::detail::Catalogue>(
+        databasePath, readOnly ? photos::detail::Catalogue::ReadOnly : photos::detail::Catalogue::ReadWrite);
+    auto locks = std::make_unique<photos::detail::ChangeLocks>(m_folder->changeLockPath());
+    try {
+        catalogue->open();
+        if (!readOnly) {
+            // SQLite gives its journal files the catalogue's permissions.
+            QFile::setPermissions(databasePath, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+            m_reconciliation = photos::detail::ChangeWriter(*catalogue, *m_folder, *locks).reconcile();
+            for (const QString &line : std::as_const(m_reconciliation))
+                qCInfo(lcPhotos).noquote() << "reconciled an interrupted change:" << line;
+            m_highlightsDirty = photos::detail::HighlightStore(catalogue->writer()).hasDirtyDays();
+        }
+    } catch (const photos::detail::DatabaseError &failure) {
+        return failure.message();
+    }
+    m_catalogue = std::move(catalogue);
+    m_changeLocks = std::move(locks);
+    return {};
 }
 
 photos::detail::Catalogue &VHPhotoLibrary::catalogue()
@@ -147,6 +183,10 @@ bool VHPhotoLibrary::_apply(const ChangeBlock &changes, VHError *error)
 {
     if (!open(error))
         return false;
+    if (m_catalogue->isReadOnly()) {
+        *error = VHError(QStringLiteral("the photo library at %1 is read-only").arg(location()));
+        return false;
+    }
     QList<photos::detail::PreparedAsset> assets;
     {
         photos::detail::ChangeSet change;
@@ -164,7 +204,7 @@ bool VHPhotoLibrary::_apply(const ChangeBlock &changes, VHError *error)
     if (assets.isEmpty())
         return true;
     QString reason;
-    if (!photos::detail::ChangeWriter(*m_catalogue, *m_folder).apply(assets, &reason)) {
+    if (!photos::detail::ChangeWriter(*m_catalogue, *m_folder, *m_changeLocks).apply(assets, &reason)) {
         *error = VHError(reason);
         return false;
     }
@@ -212,7 +252,7 @@ void VHPhotoLibrary::_refreshHighlights()
 
 void VHPhotoLibrary::ensureHighlightsCurrent()
 {
-    if (m_highlightsDirty && open())
+    if (m_highlightsDirty && open() && !m_catalogue->isReadOnly())
         _runOnChangeQueue([this] { _refreshHighlights(); });
 }
 

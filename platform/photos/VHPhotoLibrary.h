@@ -8,6 +8,7 @@
 //
 // On disk, under the library's folder (owner-only when the library creates it):
 //   Catalogue.sqlite                 the catalogue (with its -wal and -shm files)
+//   Changes.lock                     the owner locks of changes in flight
 //   originals/<x>/<UUID>.<ext>       the files of each asset, <UUID>-paired.<ext> for a paired video
 //   Temporary/FileBackedDebug/       the library services' file-backed debug directory
 
@@ -27,6 +28,7 @@
 
 namespace photos::detail {
 class Catalogue;
+class ChangeLocks;
 class LibraryFolder;
 } // namespace photos::detail
 
@@ -53,10 +55,16 @@ public:
     static VHAuthorizationStatus authorizationStatus();
     static void requestAuthorization(std::function<void(VHAuthorizationStatus status)> handler);
 
+    // The folder, with the links on the way to it followed.
     QString location() const;
-    // Creates the folder and catalogue when missing and reconciles an interrupted change. Safe to
-    // call again; later calls report the first outcome.
+    // Creates the folder and catalogue when missing and reconciles the changes that processes
+    // which died left unfinished. A library this user may not write is opened read-only: it can
+    // be read, and every change fails. Safe to call again; later calls (of either kind) report
+    // the first outcome.
     bool open(VHError *error = nullptr);
+    // The same, but a missing library is an error rather than created: for those who only read.
+    bool openExisting(VHError *error = nullptr);
+    bool isReadOnly() const;
 
     // Runs `changes` on the library's change queue, then applies every request it made as one
     // transaction and calls `completion` on that queue. Nothing is applied when any request fails.
@@ -86,6 +94,8 @@ Q_SIGNALS:
 
 private:
     explicit VHPhotoLibrary(const QString &location);
+    bool _open(bool create, VHError *error);
+    QString _openCatalogue(bool create);
     bool _apply(const ChangeBlock &changes, VHError *error);
     void _refreshHighlights();
     void _scheduleHighlightRefresh();
@@ -93,6 +103,7 @@ private:
 
     std::unique_ptr<photos::detail::LibraryFolder> m_folder;
     std::unique_ptr<photos::detail::Catalogue> m_catalogue;
+    std::unique_ptr<photos::detail::ChangeLocks> m_changeLocks;
     dispatch::QueuePtr m_changeQueue;
     std::once_flag m_openOnce;
     QString m_openError;

@@ -10,9 +10,53 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QVariantAnimation>
 
 namespace ui {
+namespace {
+
+// The button a bar shows for an item with a title or a system title.
+QToolButton *makeButton(BarButtonItem *item)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(item->title());
+    button->setText(buttonText(item->title()));
+    button->setEnabled(item->isEnabled());
+    button->setAutoRaise(true);
+    if (item->systemItem() == BarButtonItem::SystemItem::Done) {
+        QFont font = button->font();
+        font.setBold(true);
+        button->setFont(font);
+    }
+    QObject::connect(button, &QToolButton::clicked, item, &BarButtonItem::trigger);
+    return button;
+}
+
+// The container's own transition: the incoming screen slides in from the right over the outgoing
+// one, which drifts a third of the way left; a pop plays it backwards.
+class SlideTransition : public AnimatedTransitioning {
+public:
+    double transitionDuration(const TransitionContext &) const override { return ViewController::transitionDuration() / 1000.0; }
+    void animateTransition(TransitionContext &context) override
+    {
+        QPointer<QWidget> from = context.viewForKey(TransitionContext::Key::From);
+        QPointer<QWidget> to = context.viewForKey(TransitionContext::Key::To);
+        const int width = context.containerView()->width();
+        const bool push = context.operation() != NavigationOperation::Pop;
+        context.addAnimations([from, to, width, push](double p) {
+            // Pushing, the incoming screen covers; popping, the outgoing one uncovers.
+            const double covering = push ? 1 - p : p;
+            QWidget *top = push ? to : from;
+            QWidget *below = push ? from : to;
+            if (top)
+                top->move(int(width * covering), 0);
+            if (below)
+                below->move(int(-0.3 * width * (1 - covering)), 0);
+        }, QEasingCurve::OutCubic);
+        context.addCompletion([&context] { context.completeTransition(); });
+    }
+};
+
+} // namespace
 
 struct NavigationController::Transition {
     QPointer<ViewController> from;
@@ -21,8 +65,10 @@ struct NavigationController::Transition {
     bool animated = false;
     bool onScreen = false;
     QList<QPointer<ViewController>> removed;
-    QVariantAnimation *animation = nullptr;
-    QLabel *snapshot = nullptr;
+    // An animated transition's controller, its context and the container of both views.
+    std::shared_ptr<AnimatedTransitioning> animator;
+    TransitionContext *context = nullptr;
+    QWidget *container = nullptr;
 };
 
 NavigationController::NavigationController(ViewController *rootViewController, QObject *parent) : ViewController(parent)
@@ -69,6 +115,13 @@ QWidget *NavigationController::loadView()
 
     m_pages = new QStackedWidget;
     column->addWidget(m_pages, 1);
+
+    m_toolbar = new QWidget;
+    m_toolbar->setObjectName(QStringLiteral("toolbar"));
+    m_toolbarItems = new QHBoxLayout(m_toolbar);
+    m_toolbarItems->setContentsMargins(8, 4, 8, 4);
+    m_toolbar->hide();
+    column->addWidget(m_toolbar);
     if (ViewController *top = topViewController())
         m_pages->addWidget(top->view());
     updateBar();
@@ -181,40 +234,54 @@ void NavigationController::transition(ViewController *from, ViewController *to, 
         finishTransition();
         return;
     }
+    std::shared_ptr<AnimatedTransitioning> animator;
+    if (m_delegate)
+        animator = m_delegate->animationControllerForOperation(this, operation, from, to);
+    startAnimatedTransition(animator ? std::move(animator) : std::make_shared<SlideTransition>());
+}
 
-    // The outgoing page is shown as a picture so both pages can move while the stack shows one.
-    const int width = m_pages->width();
-    t->snapshot = new QLabel(m_pages);
-    t->snapshot->setPixmap(from->view()->grab());
-    t->snapshot->setGeometry(m_pages->rect());
-    m_pages->setCurrentWidget(to->view());
-    QWidget *incoming = to->view();
-    incoming->setGeometry(m_pages->rect());
-    if (operation == Operation::Pop)
-        t->snapshot->raise();
-    else
-        incoming->raise();
-    t->snapshot->show();
+void NavigationController::startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator)
+{
+    Transition *t = m_transition;
+    t->animator = std::move(animator);
+    t->container = new QWidget(m_pages);
+    t->container->setObjectName(QStringLiteral("transitionContainer"));
+    t->container->setGeometry(m_pages->rect());
+    for (ViewController *controller : {t->from.data(), t->to.data()}) {
+        QWidget *view = controller->view();
+        view->setParent(t->container);
+        view->setGeometry(t->container->rect());
+        view->show();
+    }
+    (t->operation == Operation::Pop ? t->from : t->to)->view()->raise();
+    t->container->show();
+    t->container->raise();
     updateBar();
 
-    t->animation = new QVariantAnimation(this);
-    t->animation->setDuration(transitionDuration());
-    t->animation->setStartValue(0.0);
-    t->animation->setEndValue(1.0);
-    t->animation->setEasingCurve(QEasingCurve::OutCubic);
-    const bool push = operation == Operation::Push;
-    connect(t->animation, &QVariantAnimation::valueChanged, this, [t, width, push, incoming](const QVariant &value) {
-        const double p = value.toDouble();
-        if (push) {
-            incoming->move(int(width * (1 - p)), 0);
-            t->snapshot->move(int(-0.3 * width * p), 0);
-        } else {
-            incoming->move(int(-0.3 * width * (1 - p)), 0);
-            t->snapshot->move(int(width * p), 0);
-        }
-    });
-    connect(t->animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
-    t->animation->start();
+    const QString description = t->operation == Operation::Pop ? QStringLiteral("pop to \"%1\"").arg(t->to->title())
+                                                               : QStringLiteral("push of \"%1\"").arg(t->to->title());
+    t->context = new TransitionContext(t->container, t->from, t->to, t->operation, description, [this, t] {
+        if (m_transition == t)
+            finishTransition();
+    }, this);
+    t->animator->animateTransition(*t->context);
+    // The animation controller may have completed the transition at once.
+    if (m_transition == t)
+        t->context->start(t->animator->transitionDuration(*t->context));
+}
+
+void NavigationController::returnTransitionViews()
+{
+    Transition *t = m_transition;
+    if (!t->container)
+        return;
+    for (ViewController *controller : {t->from.data(), t->to.data()})
+        if (controller && controller->isViewLoaded() && controller->view()->parentWidget() == t->container)
+            m_pages->addWidget(controller->view());
+    delete t->container;
+    t->container = nullptr;
+    // Deleted later: this may run inside one of the context's own calls.
+    t->context->deleteLater();
 }
 
 void NavigationController::finishTransition()
@@ -222,13 +289,15 @@ void NavigationController::finishTransition()
     Transition *t = m_transition;
     if (!t)
         return;
-    m_transition = nullptr;
-    if (t->animation) {
-        t->animation->disconnect(this);
-        t->animation->stop();
-        t->animation->deleteLater();
+    if (t->context && !t->context->isComplete()) {
+        // Interrupted: the animations jump to their ends, and their completion normally ends the
+        // transition; one that does not is ended here all the same.
+        t->context->finishAnimations();
+        if (m_transition != t)
+            return;
     }
-    delete t->snapshot;
+    returnTransitionViews();
+    m_transition = nullptr;
     if (isViewLoaded()) {
         if (t->to)
             m_pages->setCurrentWidget(t->to->view());
@@ -260,7 +329,10 @@ void NavigationController::finishTransition()
     const bool animated = t->animated;
     ViewController *shown = t->to;
     const bool changed = t->operation != Operation::None;
+    const std::shared_ptr<AnimatedTransitioning> animator = t->animator;
     delete t;
+    if (animator)
+        animator->animationEnded();
     if (shown && changed) {
         Q_EMIT didShowViewController(shown);
         if (m_delegate)
@@ -272,6 +344,7 @@ void NavigationController::updateBar()
 {
     if (!m_pages)
         return;
+    updateToolbar();
     ViewController *top = m_transition && m_transition->to ? m_transition->to.data() : topViewController();
     auto clear = [](QHBoxLayout *layout) {
         while (QLayoutItem *item = layout->takeAt(0)) {
@@ -297,23 +370,65 @@ void NavigationController::updateBar()
         m_backButton->setText(buttonText(QStringLiteral("‹ %1").arg(previous.isEmpty() ? QStringLiteral("Back") : previous)));
     }
     auto addButtons = [](QHBoxLayout *layout, const QList<BarButtonItem *> &items) {
-        for (BarButtonItem *barItem : items) {
-            auto *button = new QToolButton;
-            button->setObjectName(barItem->title());
-            button->setText(buttonText(barItem->title()));
-            button->setEnabled(barItem->isEnabled());
-            button->setAutoRaise(true);
-            if (barItem->systemItem() == BarButtonItem::SystemItem::Done) {
-                QFont font = button->font();
-                font.setBold(true);
-                button->setFont(font);
-            }
-            QObject::connect(button, &QToolButton::clicked, barItem, &BarButtonItem::trigger);
-            layout->addWidget(button);
-        }
+        for (BarButtonItem *barItem : items)
+            layout->addWidget(makeButton(barItem));
     };
     addButtons(m_leftItems, item->leftBarButtonItems());
     addButtons(m_rightItems, item->rightBarButtonItems());
+}
+
+void NavigationController::setToolbarHidden(bool hidden)
+{
+    if (hidden == m_toolbarHidden)
+        return;
+    m_toolbarHidden = hidden;
+    updateToolbar();
+}
+
+void NavigationController::updateToolbar()
+{
+    if (!m_toolbar)
+        return;
+    ViewController *top = m_transition && m_transition->to ? m_transition->to.data() : topViewController();
+    if (m_toolbarOwner != top) {
+        if (m_toolbarOwner)
+            disconnect(m_toolbarOwner, &ViewController::toolbarItemsChanged, this, &NavigationController::updateToolbar);
+        m_toolbarOwner = top;
+        if (top)
+            connect(top, &ViewController::toolbarItemsChanged, this, &NavigationController::updateToolbar);
+    }
+    const QList<BarButtonItem *> items = top ? top->toolbarItems() : QList<BarButtonItem *>();
+    QList<QWidget *> customViews;
+    for (BarButtonItem *item : items)
+        if (item->customView())
+            customViews << item->customView();
+    // Custom views belong to their items: one that stays is only moved, one that goes leaves the
+    // toolbar; the buttons made here are made again.
+    while (QLayoutItem *entry = m_toolbarItems->takeAt(0)) {
+        QWidget *widget = entry->widget();
+        delete entry;
+        if (!widget || customViews.contains(widget))
+            continue;
+        if (m_toolbarCustomViews.contains(widget)) {
+            widget->hide();
+            widget->setParent(nullptr);
+        } else {
+            delete widget;
+        }
+    }
+    m_toolbarCustomViews.clear();
+    m_toolbar->setVisible(!m_toolbarHidden && !items.isEmpty());
+    for (BarButtonItem *item : items) {
+        if (item->systemItem() == BarButtonItem::SystemItem::FlexibleSpace) {
+            m_toolbarItems->addStretch(1);
+        } else if (QWidget *custom = item->customView()) {
+            m_toolbarCustomViews << custom;
+            m_toolbarItems->addWidget(custom);
+            custom->show();
+        } else {
+            m_toolbarItems->addWidget(makeButton(item));
+        }
+    }
 }
 
 void NavigationController::viewWillAppear(bool animated)

@@ -1,17 +1,24 @@
 #pragma once
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
-// told before each change.
+// told before each change, and may answer an animated one with an animation of its own
+// (AnimatedTransitioning.h) instead of the container's slide; either runs on the display's frame
+// timer, so DisplayLink::ManualStepping steps it. Below the stack, a toolbar shows the top
+// controller's toolbar items while the toolbar is not hidden (it is hidden at first) and the top
+// controller has items.
 
+#include "AnimatedTransitioning.h"
 #include "ViewController.h"
 
 #include <QList>
+#include <QPointer>
+
+#include <memory>
 
 class QLabel;
 class QHBoxLayout;
 class QStackedWidget;
 class QToolButton;
-class QVariantAnimation;
 
 namespace ui {
 
@@ -22,12 +29,19 @@ public:
     virtual ~NavigationControllerDelegate() = default;
     virtual void willShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
     virtual void didShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
+    // Asked for each animated push or pop; null keeps the container's own slide.
+    virtual std::shared_ptr<AnimatedTransitioning> animationControllerForOperation(NavigationController *navigationController,
+                                                                                   NavigationOperation operation,
+                                                                                   ViewController *from, ViewController *to)
+    {
+        return nullptr;
+    }
 };
 
 class NavigationController : public ViewController {
     Q_OBJECT
 public:
-    enum class Operation { None, Push, Pop };
+    using Operation = NavigationOperation;
 
     explicit NavigationController(ViewController *rootViewController = nullptr, QObject *parent = nullptr);
     ~NavigationController() override;
@@ -46,6 +60,11 @@ public:
     Operation lastOperation() const { return m_lastOperation; }
     bool isTransitioning() const;
 
+    bool isToolbarHidden() const { return m_toolbarHidden; }
+    void setToolbarHidden(bool hidden);
+    // The toolbar's widget, shown only while it has something to show; null before the view loads.
+    QWidget *toolbar() const { return m_toolbar; }
+
     NavigationControllerDelegate *delegate() const { return m_delegate; }
     void setDelegate(NavigationControllerDelegate *delegate) { m_delegate = delegate; }
 
@@ -61,8 +80,11 @@ protected:
 
 private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
+    void startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator);
+    void returnTransitionViews();
     void finishTransition();
     void updateBar();
+    void updateToolbar();
     bool isOnScreen() const;
 
     QList<ViewController *> m_stack;
@@ -74,6 +96,11 @@ private:
     QLabel *m_titleLabel = nullptr;
     QHBoxLayout *m_leftItems = nullptr;
     QHBoxLayout *m_rightItems = nullptr;
+    QWidget *m_toolbar = nullptr;
+    QHBoxLayout *m_toolbarItems = nullptr;
+    bool m_toolbarHidden = true;
+    QPointer<ViewController> m_toolbarOwner;
+    QList<QPointer<QWidget>> m_toolbarCustomViews;
 
     struct Transition;
     Transition *m_transition = nullptr;

@@ -2,6 +2,7 @@
 
 #include "BarButtonItem.h"
 #include "NavigationController.h"
+#include "Settle.h"
 
 #include <QEvent>
 #include <QPropertyAnimation>
@@ -74,6 +75,10 @@ ViewController::ViewController(QObject *parent) : QObject(parent) {}
 // The controller owns its view wherever the view is placed.
 ViewController::~ViewController()
 {
+    // Child controllers (pushed, presented) go first, while their views, inside this one's, still
+    // exist: a controller may let go of what its view holds as it goes.
+    for (ViewController *child : findChildren<ViewController *>(Qt::FindDirectChildrenOnly))
+        delete child;
     delete m_view.data();
 }
 
@@ -107,6 +112,17 @@ void ViewController::setTitle(const QString &title)
         return;
     m_navigationItem.setTitle(title);
     Q_EMIT titleChanged();
+}
+
+void ViewController::setToolbarItems(const QList<BarButtonItem *> &items)
+{
+    for (BarButtonItem *item : m_toolbarItems)
+        if (!items.contains(item))
+            item->deleteLater();
+    for (BarButtonItem *item : items)
+        item->setParent(this);
+    m_toolbarItems = items;
+    Q_EMIT toolbarItemsChanged();
 }
 
 void ViewController::setParentViewController(ViewController *parent)
@@ -188,6 +204,7 @@ void ViewController::presentViewController(ViewController *controller, bool anim
     animation->setEndValue(QPoint(0, 0));
     animation->setEasingCurve(QEasingCurve::OutCubic);
     QObject::connect(animation, &QPropertyAnimation::finished, this, finish);
+    Settle::track(animation, QStringLiteral("presentation of \"%1\"").arg(controller->title()));
     animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
@@ -215,6 +232,7 @@ void ViewController::dismissViewControllerAnimated(bool animated, std::function<
     QObject::connect(animation, &QPropertyAnimation::finished, this, [this, completion = std::move(completion)]() mutable {
         finishDismissal(std::move(completion));
     });
+    Settle::track(animation, QStringLiteral("dismissal of \"%1\"").arg(presented->title()));
     animation->start(QAbstractAnimation::DeleteWhenStopped);
 }
 

@@ -11,6 +11,7 @@
 
 #include "dispatch/Dispatch.h"
 #include "graphics/ImageOrientation.h"
+#include "photos/PrivateFolders.h"
 #include "photos/VHAssetChangeRequest.h"
 #include "photos/VHPhotoLibrary.h"
 #include "photos/VHSystemLibraryPathManager.h"
@@ -57,6 +58,25 @@ graphics::StyledText watermarkText(const QString &text, double fontSize)
 VUTesterOptionalError errorWithText(const QString &text)
 {
     return VUTesterError{text};
+}
+
+QString fileBackedName(unsigned long counter)
+{
+    return QString::asprintf("IMG_%04lu", counter);
+}
+
+// A new file in this process's temporary folder, which the next process removes should this one
+// be killed before the file moves on.
+QString temporaryURL(const QString &suffix)
+{
+    return QDir(photos::processTemporaryFolder(nullptr)).filePath(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QLatin1Char('.') + suffix);
+}
+
+void removeFiles(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        if (!path.isEmpty())
+            QFile::remove(path);
 }
 
 // Moves a file without ever replacing one that is there.
@@ -111,7 +131,7 @@ void VUTesterLibraryFillOperation::_addNextAsset()
         return;
     }
     _assetIndex = index + 1;
-    m_current = AssetReport{index + 1, count, _settings->media(), _assetSize(), false, QString(), QStringList()};
+    m_current = AssetReport{index + 1, count, _settings->media(), _assetSize(), false, QString(), QString(), QStringList()};
     auto self = shared_from_this();
     _addAssetWithCompletionHandler([self, count](bool success, const VUTesterOptionalError &error) {
         if (!success) {
@@ -144,6 +164,16 @@ QSizeF VUTesterLibraryFillOperation::_assetSize() const
 
 void VUTesterLibraryFillOperation::_addAssetWithCompletionHandler(AssetCompletionHandler completion)
 {
+    QString reason;
+    if (photos::processTemporaryFolder(&reason).isEmpty()) {
+        completion(false, errorWithText(reason));
+        return;
+    }
+    VUTesterOptionalError nameError;
+    if (_settings->fillDestination() == 1 && !_checkNextFileBackedName(&nameError)) {
+        completion(false, nameError);
+        return;
+    }
     const QSizeF size = m_current.size;
     switch (m_current.media) {
     case 0:
@@ -237,6 +267,7 @@ void VUTesterLibraryFillOperation::_addPhotoWithSize(QSizeF size, AssetCompletio
     const QString label = QStringLiteral("#%1").arg(g_labelCounter.fetch_add(1));
     const graphics::ImagePtr image = _imageWithSize(size, color, label, _settings->imageOrientation());
     VUTesterPhotoWriter writer;
+    writer.setOutputURL(temporaryURL(QStringLiteral("jpg")));
     writer.setImage(image ? image->pixels() : QImage());
     writer.setLocation(currentLocation());
     VUTesterOptionalError error;
@@ -266,6 +297,7 @@ std::shared_ptr<VUTesterVideoWriter> VUTesterLibraryFillOperation::_movieWriter(
     const QSizeF frameSize = videoFrameSize(size, orientation);
     const int exif = graphics::exifOrientationForValue(orientation);
     auto writer = std::make_shared<VUTesterVideoWriter>();
+    writer->setOutputURL(temporaryURL(QStringLiteral("mov")));
     writer->setOutputDuration(3.0);
     writer->setTransform(graphics::exifOrientationTransform(exif));
     writer->setLocation(currentLocation());
@@ -294,6 +326,7 @@ void VUTesterLibraryFillOperation::_addVideoWithSize(QSizeF size, AssetCompletio
     auto self = shared_from_this();
     writer->createVideoWithCompletionHandler([self, writer, completion](VUTesterOptionalError error) {
         if (error) {
+            removeFiles({writer->outputURL()});
             completion(false, error);
             return;
         }
@@ -320,6 +353,7 @@ void VUTesterLibraryFillOperation::_addLiveVideoWithSize(QSizeF size, AssetCompl
         const QString label = QStringLiteral("#%1").arg(g_labelCounter.fetch_add(1));
         const graphics::ImagePtr image = self->_imageWithSize(size, color, label, orientation);
         VUTesterPhotoWriter writer;
+        writer.setOutputURL(temporaryURL(QStringLiteral("jpg")));
         writer.setImage(image ? image->pixels() : QImage());
         writer.setLocation(location);
         writer.setStirShotPairingIdentifier(pairingIdentifier);
@@ -333,9 +367,10 @@ void VUTesterLibraryFillOperation::_addLiveVideoWithSize(QSizeF size, AssetCompl
     dispatch::Queue::global()->async([self, halves, group, size, orientation, pairingIdentifier] {
         auto writer = self->_movieWriter(size, _nextColor(), orientation, pairingIdentifier);
         writer->createVideoWithCompletionHandler([halves, group, writer](VUTesterOptionalError error) {
-            if (error)
+            if (error) {
                 halves->videoError = error;
-            else
+                removeFiles({writer->outputURL()});
+            } else
                 halves->videoURL = writer->outputURL();
             group->leave();
         });
@@ -346,9 +381,7 @@ void VUTesterLibraryFillOperation::_addLiveVideoWithSize(QSizeF size, AssetCompl
             return;
         }
         // One half failed: remove the other so nothing is left half-made.
-        for (const QString &orphan : {halves->photoURL, halves->videoURL})
-            if (!orphan.isEmpty())
-                QFile::remove(orphan);
+        removeFiles({halves->photoURL, halves->videoURL});
         completion(false, halves->photoError ? halves->photoError : halves->videoError);
     });
 }
@@ -360,53 +393,88 @@ void VUTesterLibraryFillOperation::_saveAssetWithImageURL(const QString &imageUR
         completion(false, std::nullopt);
         return;
     }
-    const qint64 destination = _settings->fillDestination();
-    if (destination == 0) {
-        auto self = shared_from_this();
-        VHPhotoLibrary::sharedPhotoLibrary()->performChanges(
-            [imageURL, videoURL, imageDisplayTime] {
-                VHAssetCreationRequest *request = VHAssetCreationRequest::creationRequestForAsset();
-                VHAssetResourceCreationOptions options;
-                options.setShouldMoveFile(true);
-                if (!imageURL.isEmpty()) {
-                    request->addResourceWithType(VHAssetResourceType::Photo, imageURL, options);
-                    if (!videoURL.isEmpty()) {
-                        request->addResourceWithType(VHAssetResourceType::PairedVideo, videoURL, options);
-                        request->setImageDisplayTime(movie::MediaTime::fromSeconds(imageDisplayTime, 60000));
-                    }
-                } else {
-                    request->addResourceWithType(VHAssetResourceType::Video, videoURL, options);
+    switch (_settings->fillDestination()) {
+    case 0:
+        _saveToLibrary(imageURL, videoURL, imageDisplayTime, std::move(completion));
+        break;
+    case 1:
+        _saveToFileBacked(imageURL, videoURL, std::move(completion));
+        break;
+    default:
+        // Not offered by the screen; such a run never completes.
+        break;
+    }
+}
+
+void VUTesterLibraryFillOperation::_saveToLibrary(const QString &imageURL, const QString &videoURL, double imageDisplayTime,
+                                                  AssetCompletionHandler completion)
+{
+    auto self = shared_from_this();
+    auto identifier = std::make_shared<QString>();
+    VHPhotoLibrary::sharedPhotoLibrary()->performChanges(
+        [imageURL, videoURL, imageDisplayTime, identifier] {
+            VHAssetCreationRequest *request = VHAssetCreationRequest::creationRequestForAsset();
+            VHAssetResourceCreationOptions options;
+            options.setShouldMoveFile(true);
+            if (!imageURL.isEmpty()) {
+                request->addResourceWithType(VHAssetResourceType::Photo, imageURL, options);
+                if (!videoURL.isEmpty()) {
+                    request->addResourceWithType(VHAssetResourceType::PairedVideo, videoURL, options);
+                    request->setImageDisplayTime(movie::MediaTime::fromSeconds(imageDisplayTime, 60000));
                 }
-            },
-            [self, imageURL, videoURL, completion](bool success, const VHError &error) {
-                if (success) {
-                    for (const QString &file : {imageURL, videoURL})
-                        if (!file.isEmpty())
-                            self->m_current.files << QFileInfo(file).fileName();
-                }
-                completion(success, success ? VUTesterOptionalError() : errorWithText(error.debugDescription()));
-            });
+            } else {
+                request->addResourceWithType(VHAssetResourceType::Video, videoURL, options);
+            }
+            *identifier = request->localIdentifierForCreatedAsset();
+        },
+        [self, imageURL, videoURL, identifier, completion](bool success, const VHError &error) {
+            if (success) {
+                self->m_current.identifier = *identifier;
+            } else {
+                // A failed change leaves the files where they were.
+                removeFiles({imageURL, videoURL});
+            }
+            completion(success, success ? VUTesterOptionalError() : errorWithText(error.debugDescription()));
+        });
+}
+
+void VUTesterLibraryFillOperation::_saveToFileBacked(const QString &imageURL, const QString &videoURL, AssetCompletionHandler completion)
+{
+    VHError directoryError;
+    const QString directory = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(true, &directoryError);
+    if (directory.isEmpty()) {
+        removeFiles({imageURL, videoURL});
+        completion(false, errorWithText(directoryError.debugDescription()));
         return;
     }
-    if (destination == 1) {
-        VHError directoryError;
-        const QString directory = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(true, &directoryError);
-        if (directory.isEmpty()) {
-            completion(false, errorWithText(directoryError.debugDescription()));
+    const QString name = fileBackedName(g_fileBackedNameCounter.fetch_add(1) + 1);
+    VUTesterOptionalError error;
+    QStringList moved;
+    for (const QString &file : {imageURL, videoURL}) {
+        if (file.isEmpty())
+            continue;
+        const QString target = QDir(directory).filePath(name + QLatin1Char('.') + QFileInfo(file).suffix());
+        if (!moveFile(file, target, &error)) {
+            // Half a pair is no asset: take back what moved and drop what is left.
+            removeFiles(moved + QStringList{imageURL, videoURL});
+            completion(false, error);
             return;
         }
-        const QString name = QString::asprintf("IMG_%04lu", g_fileBackedNameCounter.fetch_add(1) + 1);
-        VUTesterOptionalError error;
-        bool moved = true;
-        for (const QString &file : {imageURL, videoURL}) {
-            if (file.isEmpty() || !moved)
-                continue;
-            const QString target = QDir(directory).filePath(name + QLatin1Char('.') + QFileInfo(file).suffix());
-            moved = moveFile(file, target, &error);
-            if (moved)
-                m_current.files << target;
-        }
-        completion(moved, error);
+        moved << target;
     }
-    // Any other destination is not offered by the screen; such a run never completes.
+    m_current.files = moved;
+    completion(true, std::nullopt);
+}
+
+bool VUTesterLibraryFillOperation::_checkNextFileBackedName(VUTesterOptionalError *error) const
+{
+    const QString directory = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
+    const QString name = fileBackedName(g_fileBackedNameCounter.load() + 1);
+    const QStringList taken = QDir(directory).entryList({name + QStringLiteral(".*")}, QDir::AllEntries | QDir::Hidden | QDir::System);
+    if (taken.isEmpty())
+        return true;
+    *error = errorWithText(QStringLiteral("%1 is already in %2 from an earlier fill (names start at IMG_0001 each time the program "
+                                          "starts): clear the folder with \"Delete File Backed\" (vistra-tester fill --delete-file-backed) first")
+                               .arg(taken.first(), directory));
+    return false;
 }

@@ -32,7 +32,8 @@ public:
         QSizeF size;
         bool success = false;
         QString error;
-        QStringList files; // where the files went (file-backed) or the files that were imported
+        QString identifier; // the new asset's local identifier (library)
+        QStringList files;  // where the files went (file-backed)
     };
     using AssetObserver = std::function<void(const AssetReport &report)>;
 
@@ -76,6 +77,11 @@ private:
     std::shared_ptr<class VUTesterVideoWriter> _movieWriter(QSizeF size, const graphics::Color &color, qint64 orientation,
                                                             const QString &pairingIdentifier);
     void _saveAssetWithImageURL(const QString &imageURL, const QString &videoURL, double imageDisplayTime, AssetCompletionHandler completion);
+    void _saveToLibrary(const QString &imageURL, const QString &videoURL, double imageDisplayTime, AssetCompletionHandler completion);
+    void _saveToFileBacked(const QString &imageURL, const QString &videoURL, AssetCompletionHandler completion);
+    // The file-backed name the next asset will get, or an error when a file of an earlier fill
+    // already has it: checked before the asset is drawn, which can take seconds.
+    bool _checkNextFileBackedName(VUTesterOptionalError *error) const;
     std::optional<VUTesterLocation> currentLocation() const;
     void report(bool success, const VUTesterOptionalError &error);
 

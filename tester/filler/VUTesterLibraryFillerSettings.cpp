@@ -3,11 +3,10 @@
 #include "filler/VUTesterLibraryFillOperation.h"
 
 #include "dispatch/Dispatch.h"
+#include "photos/PrivateFolders.h"
 #include "photos/VHSystemLibraryPathManager.h"
 #include "ui/AlertController.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QPointer>
 
@@ -60,6 +59,12 @@ VUTesterLibraryFillerSettings::VUTesterLibraryFillerSettings()
     declareKey(QStringLiteral("internalLocationIsSet"), Kind::Bool);
     declareKey(QStringLiteral("internalProgressTitle"), Kind::String);
     declareKey(QStringLiteral("internalCancelable"), Kind::Bool);
+    // The "Location" row shows whether a place is set, whatever set it: the location screen, the
+    // command line, the archive at launch, restoring defaults.
+    connect(this, &TWSettings::valueChanged, this, [this](const QString &key) {
+        if (key == QLatin1String("location"))
+            setValue(QStringLiteral("internalLocationIsSet"), !location().isNull());
+    }, Qt::DirectConnection);
 }
 
 void VUTesterLibraryFillerSettings::setDefaultValues()
@@ -74,7 +79,6 @@ void VUTesterLibraryFillerSettings::setDefaultValues()
     setContent(0);
     setImageOrientation(0);
     setLocation(QVariant());
-    setValue(QStringLiteral("internalLocationIsSet"), false);
     setLocationRadius(0);
 }
 
@@ -143,7 +147,7 @@ QStringList VUTesterLibraryFillerSettings::presetTitles()
 bool VUTesterLibraryFillerSettings::applyPreset(const QString &title)
 {
     for (const Preset &preset : kPresets) {
-        if (title != QLatin1String(preset.title))
+        if (title.compare(QLatin1String(preset.title), Qt::CaseInsensitive) != 0)
             continue;
         setNumberOfAssetsToAdd(preset.numberOfAssetsToAdd);
         setMedia(preset.media);
@@ -159,8 +163,8 @@ bool VUTesterLibraryFillerSettings::applyPreset(const QString &title)
 
 void VUTesterLibraryFillerSettings::locationDidChange(VUTesterLocationSelectionViewController *, const QVariant &location)
 {
+    // internalLocationIsSet follows.
     setLocation(location);
-    setValue(QStringLiteral("internalLocationIsSet"), !location.isNull());
 }
 
 TWModulePtr VUTesterLibraryFillerSettings::settingsControllerModule()
@@ -276,13 +280,15 @@ void VUTesterLibraryFillerSettings::_cancelOperations()
     setValue(QStringLiteral("internalCancelable"), false);
 }
 
-void VUTesterLibraryFillerSettings::_clearFileBacked()
+bool VUTesterLibraryFillerSettings::_clearFileBacked(QString *error)
 {
     const QString path = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
-    const QFileInfo info(path);
-    if (path.isEmpty() || !info.exists())
-        return;
-    const bool removed = info.isDir() ? QDir(path).removeRecursively() : QFile::remove(path);
-    if (!removed)
-        qCWarning(lcFill).noquote() << QStringLiteral("Failed to remove file backed data at %1: %2").arg(path, QStringLiteral("the file or folder could not be removed"));
+    // When the directory is a link, the link goes: the folder it points to is the user's.
+    QString reason;
+    if (photos::removeTree(path, &reason))
+        return true;
+    qCWarning(lcFill).noquote() << QStringLiteral("Failed to remove file backed data at %1: %2").arg(path, reason);
+    if (error)
+        *error = reason;
+    return false;
 }

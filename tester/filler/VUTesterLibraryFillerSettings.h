@@ -36,7 +36,7 @@ public:
 
     // The presets, by title, in screen order.
     static QStringList presetTitles();
-    // Applies a preset; false for an unknown title.
+    // Applies a preset, its title in any case; false for an unknown title.
     bool applyPreset(const QString &title);
 
     qint64 fillDestination() const { return int64Value(QStringLiteral("fillDestination")); }
@@ -62,6 +62,7 @@ public:
     qint64 locationRadius() const { return int64Value(QStringLiteral("locationRadius")); }
     void setLocationRadius(qint64 v) { setValue(QStringLiteral("locationRadius"), QVariant::fromValue(v)); }
 
+    // Whether `location` is set; it follows every change of the location.
     bool internalLocationIsSet() const { return boolValue(QStringLiteral("internalLocationIsSet")); }
     QString internalProgressTitle() const { return stringValue(QStringLiteral("internalProgressTitle")); }
     bool internalCancelable() const { return boolValue(QStringLiteral("internalCancelable")); }
@@ -75,8 +76,9 @@ public:
     void _updateProgress();
     // Cancels every running operation; each leaves the set when it has finished its asset.
     void _cancelOperations();
-    // Removes the file-backed debug directory, if there is one.
-    static void _clearFileBacked();
+    // Removes the file-backed debug directory, if there is one (a link there: the link only).
+    // False with the reason, which is also logged, when that fails.
+    static bool _clearFileBacked(QString *error = nullptr);
     int numberOfRunningOperations() const { return int(_operations.size()); }
 
 private:

@@ -1,6 +1,8 @@
 #include "layouts/VUTesterTilingViewSettings.h"
 
-#include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "layouts/VUTesterTilingControllerNullGridViewController.h"
+#include "playgrounds/tiling/VUTesterTilingViewPlaygroundViewController.h"
+#include "playgrounds/tiling/VUTesterTilingViewTransitionPlaygroundViewController.h"
 
 VUTesterTilingViewSettings::VUTesterTilingViewSettings()
 {
@@ -17,5 +19,13 @@ TWModulePtr VUTesterTilingViewSettings::settingsControllerModule()
 {
     auto sections = TWChoiceRow::rowWithTitle(QStringLiteral("Number of Sections"), QStringLiteral("numberOfSections"));
     sections->possibleValues({0, 31, 3141}, {QStringLiteral("None"), QStringLiteral("Some"), QStringLiteral("Many")});
-    return VUTesterPlaygroundModule(QStringLiteral("Tiling View"), {TWSection::sectionWithRows({sections}, QStringLiteral("Data Source"))});
+    return TWModule::moduleWithTitle(
+        QStringLiteral("Tiling View"),
+        {TWSection::sectionWithRows({
+             playgroundRow(QStringLiteral("Test Tiling View"), [] { return new VUTesterTilingViewPlaygroundViewController; }),
+             playgroundRow(QStringLiteral("Test Tiling View Transition"), [] { return new VUTesterTilingViewTransitionPlaygroundViewController; }),
+             // The tiling machinery alone, with bare tiles, to compare the grid with.
+             playgroundRow(QStringLiteral("Test Null Grid"), [] { return new VUTesterTilingControllerNullGridViewController; }),
+         }),
+         TWSection::sectionWithRows({sections}, QStringLiteral("Data Source")), restoreDefaultsSection()});
 }

@@ -9,120 +9,119 @@
 TWModulePtr VUTesterPlaygroundModule(const QString &title, std::vector<TWSection> extraSections = {});
 
 class VUTESTER_EXPORT VUTesterImagePickerSettings : public VUTesterChildSettings<VUTesterImagePickerSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "imagePickerSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterVideoEditorSettings : public VUTesterChildSettings<VUTesterVideoEditorSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "videoEditorSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterImageManagerSettings : public VUTesterChildSettings<VUTesterImageManagerSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "imageManagerSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterSharingSettings : public VUTesterChildSettings<VUTesterSharingSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "sharingSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "oneUpPresentationSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "videoScrubberSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "swipeDownSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterVistraPickerSettings : public VUTesterChildSettings<VUTesterVistraPickerSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "vistraPickerSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VUTesterActivitySettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "activityProgressSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterVideoOverlayButtonSettings : public VUTesterChildSettings<VUTesterVideoOverlayButtonSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "videoOverlayButtonSettings";
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterLatticerPlaygroundSettings : public VUTesterChildSettings<VUTesterLatticerPlaygroundSettings> {
-public:
-    static constexpr const char *kRootKey = "latticerPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterExploreLayoutSettings : public VUTesterChildSettings<VUTesterExploreLayoutSettings> {
-public:
-    static constexpr const char *kRootKey = "exploreLayoutPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterYearsMonthsLayoutsSettings : public VUTesterChildSettings<VUTesterYearsMonthsLayoutsSettings> {
-public:
-    static constexpr const char *kRootKey = "yearsMonthsLayoutsPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "contextualNotificationsSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "viewSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "transitionSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "userTransformsSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterLumoSettings : public VUTesterChildSettings<VUTesterLumoSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "lumoSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterLiveWallpaperSettings : public VUTesterChildSettings<VUTesterLiveWallpaperSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "liveWallpaperSettings";
     static TWModulePtr settingsControllerModule();
 };
 
 class VUTESTER_EXPORT VUTesterSampleAccessoryViewSettings : public VUTesterChildSettings<VUTesterSampleAccessoryViewSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "sampleAccessorViewSettings";
     static TWModulePtr settingsControllerModule();
@@ -130,6 +129,7 @@ public:
 
 // The Stir Shot view playground lays its pages out with one of two collection layouts.
 class VUTESTER_EXPORT VUTesterStirShotViewSettings : public VUTesterChildSettings<VUTesterStirShotViewSettings> {
+    Q_OBJECT
 public:
     static constexpr const char *kRootKey = "stirShotViewSettings";
     VUTesterStirShotViewSettings();

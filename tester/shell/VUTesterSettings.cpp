@@ -28,10 +28,21 @@ TWSection VUTesterSettings::restoreDefaultsSection(const QString &title)
     return TWSection::sectionWithRows({TWButtonRow::rowWithTitle(title, TWRestoreDefaultSettingsRowAction::actionWithSettingsKeyPath())});
 }
 
+QVariantList VUTesterIntegerValues(std::initializer_list<qint64> values)
+{
+    QVariantList list;
+    for (qint64 value : values)
+        list << QVariant::fromValue(value);
+    return list;
+}
+
 TWRowPtr VUTesterSettings::playgroundRow(const QString &title, std::function<ui::ViewController *()> creator)
 {
+    // Without a playground the row has no action, so the screen shows it as inert.
+    if (!creator)
+        return TWButtonRow::rowWithTitle(title, nullptr);
     return TWButtonRow::vu_rowWithTitle(title, [creator = std::move(creator)](ui::ViewController *settingsScreen) {
-        if (!creator || !settingsScreen || !settingsScreen->navigationController())
+        if (!settingsScreen || !settingsScreen->navigationController())
             return;
         if (ui::ViewController *playground = creator())
             settingsScreen->navigationController()->pushViewController(playground, true);

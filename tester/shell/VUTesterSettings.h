@@ -21,19 +21,23 @@ public:
     // The section every module ends with: one "Restore Defaults" row (or another title) restoring
     // the module's own settings object.
     static TWSection restoreDefaultsSection(const QString &title = QStringLiteral("Restore Defaults"));
-    // A button row that starts a playground; until the playground exists the row does nothing.
+    // A button row that starts a playground; until the playground exists the row has no action.
     static TWRowPtr playgroundRow(const QString &title, std::function<ui::ViewController *()> creator = {});
 };
 
+// Whole numbers as a choice row's values, stored as 64-bit integers like the keys they go into.
+VUTESTER_EXPORT QVariantList VUTesterIntegerValues(std::initializer_list<qint64> values);
+
 // Child settings of the root: the one instance of each class is the root's child property, and
-// the parent of every child is the root. `Derived::kRootKey` names that property.
+// the parent of every child is the root. `Derived::kRootKey` names that property. `Base` is
+// VUTesterSettings, or a settings class that several children share (with its keys and rows).
 VUTESTER_EXPORT TWSettings *VUTesterSharedRootSettings();
 VUTESTER_EXPORT TWSettings *VUTesterSharedChildSettings(const char *rootKey);
 
-template <typename Derived>
-class VUTesterChildSettings : public VUTesterSettings {
+template <typename Derived, typename Base = VUTesterSettings>
+class VUTesterChildSettings : public Base {
 public:
-    using VUTesterSettings::VUTesterSettings;
+    using Base::Base;
 
     static Derived *sharedInstance()
     {

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QListView>
 #include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -121,6 +122,102 @@ TEST_F(LibraryBrowserWidgetTest, ScrollingAwayCancelsRequestsThatHaveNotArrived)
     spinUntil([] { return false; }, 300);
     for (int row = kAssets - 8; row < kAssets; ++row)
         EXPECT_FALSE(model->hasThumbnail(row)) << row;
+}
+
+// Whole columns of equal cells span the grid's width at any window size, also when the grid is
+// on a tab that is shown only after the window was resized.
+TEST_F(LibraryBrowserWidgetTest, ColumnsFillTheWidthAtAnyWindowSize)
+{
+    QTabWidget window;
+    window.addTab(new QWidget, QStringLiteral("Tester"));
+    auto *browser = new LibraryBrowserWidget(m_library, nullptr, &m_manager);
+    window.addTab(browser, QStringLiteral("Library"));
+    window.resize(390, 844);
+    window.show();
+    const auto expectFilled = [&](const char *when) {
+        QApplication::processEvents();
+        const QListView *grid = browser->gridView();
+        const int width = grid->viewport()->width();
+        const int cell = grid->gridSize().width();
+        const int columns = width / cell;
+        EXPECT_GE(columns, 2) << when;
+        EXPECT_LE(width - columns * cell, columns) << when << ": " << columns << " columns of " << cell << " in " << width;
+    };
+    window.setCurrentIndex(1);
+    expectFilled("shown");
+    for (int width : {375, 600, 1024, 320, 375}) {
+        window.resize(width, 700);
+        expectFilled("resized");
+    }
+    window.setCurrentIndex(0);
+    window.resize(500, 700);
+    window.setCurrentIndex(1);
+    expectFilled("resized while hidden");
+}
+
+// Videos carry their length at the bottom right and Stir Shots their mark at the top left;
+// plain photos carry nothing over the picture. With three rows the view needs no scrolling.
+TEST_F(LibraryBrowserWidgetTest, VideosShowTheirLengthAndStirShotsTheirMark)
+{
+    auto library = VHPhotoLibrary::create(m_dir.filePath(QStringLiteral("Badges")));
+    const QDateTime noon(QDate(2024, 5, 1), QTime(12, 0));
+    const QString pairing = QStringLiteral("5D3A0C1E-2B4F-4E61-8A7D-9C0B1E2F3A4B");
+    const QString photo = m_dir.filePath(QStringLiteral("still.jpg")), video = m_dir.filePath(QStringLiteral("clip.mov"));
+    const QString pairedPhoto = m_dir.filePath(QStringLiteral("pair.jpg")), pairedVideo = m_dir.filePath(QStringLiteral("pair.mov"));
+    ASSERT_TRUE(writePhoto(photo, {QSize(64, 48), noon, {}, {}}));
+    ASSERT_TRUE(writeMovie(video, {QSize(64, 48), noon.addSecs(60), {}, {}}));
+    ASSERT_TRUE(writePhoto(pairedPhoto, {QSize(64, 48), noon.addSecs(120), {}, pairing}));
+    ASSERT_TRUE(writeMovie(pairedVideo, {QSize(64, 48), noon.addSecs(120), {}, pairing}));
+    // Later photos fill three rows: as many as fit the view without scrolling.
+    QStringList later;
+    for (int i = 0; i < 6; ++i) {
+        later << m_dir.filePath(QStringLiteral("later%1.jpg").arg(i));
+        ASSERT_TRUE(writePhoto(later.last(), {QSize(64, 48), noon.addSecs(600 + i), {}, {}}));
+    }
+    VHError error;
+    ASSERT_TRUE(library->performChangesAndWait(
+        [&] {
+            for (const QString &file : later)
+                VHAssetCreationRequest::creationRequestForAsset()->addResourceWithType(VHAssetResourceType::Photo, file);
+            VHAssetCreationRequest::creationRequestForAsset()->addResourceWithType(VHAssetResourceType::Photo, photo);
+            VHAssetCreationRequest::creationRequestForAsset()->addResourceWithType(VHAssetResourceType::Video, video);
+            auto *pair = VHAssetCreationRequest::creationRequestForAsset();
+            pair->addResourceWithType(VHAssetResourceType::Photo, pairedPhoto);
+            pair->addResourceWithType(VHAssetResourceType::PairedVideo, pairedVideo);
+        },
+        &error))
+        << error.debugDescription().toStdString();
+
+    LibraryBrowserWidget browser(library, nullptr, &m_manager);
+    browser.resize(375, 500);
+    browser.show();
+    LibraryThumbnailModel *model = browser.thumbnailModel();
+    ASSERT_EQ(model->rowCount(), 9);
+    ASSERT_TRUE(spinUntil([&] { return model->hasThumbnail(0) && model->hasThumbnail(1) && model->hasThumbnail(2); }));
+    spinUntil([] { return false; }, 200);
+    EXPECT_LE(model->requestCount(), 2 * 9) << "the grid settles: its cells stop changing size";
+    EXPECT_FALSE(model->data(model->index(0), Qt::AccessibleTextRole).toString().contains(QLatin1Char(',')));
+    EXPECT_TRUE(model->data(model->index(1), Qt::AccessibleTextRole).toString().endsWith(QStringLiteral(", Video, 0:01")));
+    EXPECT_TRUE(model->data(model->index(2), Qt::AccessibleTextRole).toString().endsWith(QStringLiteral(", Stir Shot")));
+
+    QListView *grid = browser.gridView();
+    grid->viewport()->repaint();
+    const QImage shown = grid->viewport()->grab().toImage().scaled(grid->viewport()->size());
+    // Near-white pixels in a corner of a cell: the pictures here are saturated or dark.
+    const auto whiteIn = [&](int row, bool bottomRight) {
+        const QRect cell = grid->visualRect(model->index(row));
+        const QRect corner = bottomRight ? QRect(cell.right() - 40, cell.bottom() - 18, 36, 16) : QRect(cell.left() + 3, cell.top() + 3, 22, 22);
+        int white = 0;
+        for (int y = corner.top(); y <= corner.bottom(); ++y)
+            for (int x = corner.left(); x <= corner.right(); ++x)
+                white += qGray(shown.pixel(x, y)) > 200 && qAbs(qRed(shown.pixel(x, y)) - qBlue(shown.pixel(x, y))) < 30;
+        return white;
+    };
+    EXPECT_EQ(whiteIn(0, true) + whiteIn(0, false), 0) << "a plain photo";
+    EXPECT_GT(whiteIn(1, true), 10) << "the video's length";
+    EXPECT_EQ(whiteIn(1, false), 0);
+    EXPECT_GT(whiteIn(2, false), 10) << "the Stir Shot mark";
+    EXPECT_EQ(whiteIn(2, true), 0);
 }
 
 TEST_F(LibraryBrowserWidgetTest, FollowsTheLibraryAsAssetsArrive)

@@ -1,48 +1,67 @@
 // vistra-tester library, run as a user would: on the embedded default library and on one given
 // with --library, including the failures that must say what is wrong.
 
+#include "CliHome.h"
 #include "TestMedia.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
+
+#include <QDirIterator>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <gtest/gtest.h>
+
+#include <linux/capability.h>
+#include <sys/prctl.h>
+#include <unistd.h>
 
 using namespace photos::testing;
 
 namespace {
 
-struct CliResult {
-    int status;
-    QString out;
-    QString err;
-};
+// Runs in the child before the program starts: root keeps its identity but loses the powers that
+// bypass file permissions, so that a folder without write permission is read-only to it too.
+void withoutPermissionOverrides()
+{
+    if (::geteuid() != 0)
+        return;
+    for (int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH, CAP_FOWNER})
+        ::prctl(PR_CAPBSET_DROP, capability, 0, 0, 0);
+}
+
+void setTreeWritable(const QString &root, bool writable)
+{
+    const auto set = [writable](const QFileInfo &info) {
+        const QFileDevice::Permissions read = QFileDevice::ReadOwner | (info.isDir() ? QFileDevice::ExeOwner : QFileDevice::Permissions());
+        QFile::setPermissions(info.filePath(), writable ? read | QFileDevice::WriteOwner : read);
+    };
+    QDirIterator it(root, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDirIterator::Subdirectories);
+    while (it.hasNext()) {
+        it.next();
+        set(it.fileInfo());
+    }
+    set(QFileInfo(root));
+}
+
+QJsonDocument json(const cli::Result &result)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(result.out.toUtf8(), &error);
+    EXPECT_EQ(error.error, QJsonParseError::NoError) << result.out.toStdString();
+    return document;
+}
 
 class LibraryCommandTest : public ::testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_home.isValid()); }
-
-    CliResult run(const QStringList &arguments)
-    {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_home.filePath(QStringLiteral("config")));
-        environment.insert(QStringLiteral("XDG_DATA_HOME"), m_home.filePath(QStringLiteral("data")));
-        environment.insert(QStringLiteral("TZ"), QStringLiteral("UTC"));
-        process.setProcessEnvironment(environment);
-        process.start(QStringLiteral(VISTRA_TESTER_PATH), arguments);
-        EXPECT_TRUE(process.waitForFinished(30000));
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
-
-    QString path(const QString &name) const { return m_home.filePath(name); }
+    cli::Result run(const QStringList &arguments, const std::function<void()> &modifier = {}) { return m_home.run(arguments, modifier); }
+    QString path(const QString &name) const { return m_home.path(name); }
     QString defaultLibrary() const { return path(QStringLiteral("data/vistra-tester/PhotoLibrary")); }
 
-    QTemporaryDir m_home;
+    cli::Home m_home;
 };
 
 TEST_F(LibraryCommandTest, ImportListAndVerifyTheEmbeddedLibrary)
@@ -53,14 +72,14 @@ TEST_F(LibraryCommandTest, ImportListAndVerifyTheEmbeddedLibrary)
     ASSERT_TRUE(writePhoto(path("s.jpg"), {QSize(40, 30), date.addDays(40), {}, id}));
     ASSERT_TRUE(writeMovie(path("s.mov"), {QSize(40, 30), date.addDays(40), {}, id}));
 
-    const CliResult imported = run({"library", "import", path("a.jpg")});
+    const cli::Result imported = run({"library", "import", path("a.jpg")});
     EXPECT_EQ(imported.status, 0);
-    const CliResult paired = run({"library", "import", path("s.jpg"), "--paired", path("s.mov"), "--move"});
+    const cli::Result paired = run({"library", "import", path("s.jpg"), "--paired", path("s.mov"), "--move"});
     EXPECT_EQ(paired.status, 0) << paired.err.toStdString();
     EXPECT_TRUE(QFileInfo::exists(path("a.jpg")));  // copied
     EXPECT_FALSE(QFileInfo::exists(path("s.mov"))); // moved
 
-    const CliResult info = run({"library", "info"});
+    const cli::Result info = run({"library", "info"});
     EXPECT_EQ(info.status, 0);
     EXPECT_TRUE(info.out.contains(QStringLiteral("location: ") + defaultLibrary())) << info.out.toStdString();
     EXPECT_TRUE(info.out.contains(QStringLiteral("assets: 2\n")));
@@ -74,7 +93,7 @@ TEST_F(LibraryCommandTest, ImportListAndVerifyTheEmbeddedLibrary)
     EXPECT_TRUE(lines[1].endsWith(QStringLiteral("\tpaired")));
     EXPECT_EQ(run({"library", "list", "--limit", "1"}).out.count('\n'), 1);
 
-    const CliResult months = run({"library", "highlights", "--subtype", "months"});
+    const cli::Result months = run({"library", "highlights", "--subtype", "months"});
     EXPECT_EQ(months.out.count('\n'), 2) << months.out.toStdString();
     EXPECT_TRUE(months.out.startsWith(QStringLiteral("months\t")));
 
@@ -94,10 +113,10 @@ TEST_F(LibraryCommandTest, GivenLibraryIsUsedAndVerifyReportsDamage)
     const QString sub = originals.entryList(QDir::Dirs | QDir::NoDotAndDotDot).first();
     const QString file = originals.filePath(sub + '/' + QDir(originals.filePath(sub)).entryList(QDir::Files).first());
     ASSERT_TRUE(QFile::remove(file));
-    const CliResult verify = run({"--library", library, "library", "verify"});
+    const cli::Result verify = run({"--library", library, "library", "verify"});
     EXPECT_EQ(verify.status, 1);
     EXPECT_TRUE(verify.out.startsWith(QStringLiteral("missing file: originals/"))) << verify.out.toStdString();
-    EXPECT_TRUE(verify.err.contains(QStringLiteral("1 difference(s)")));
+    EXPECT_TRUE(verify.err.contains(QStringLiteral("1 difference between"))) << verify.err.toStdString();
 }
 
 TEST_F(LibraryCommandTest, BadRequestsSayWhatIsWrong)
@@ -117,7 +136,7 @@ TEST_F(LibraryCommandTest, BadRequestsSayWhatIsWrong)
     const Case cases[] = {
         {{"library"}, 2, "an action is needed"},
         {{"library", "shuffle"}, 2, "unknown action 'shuffle'"},
-        {{"library", "list", "--limit", "0"}, 2, "--limit wants a number of at least 1"},
+        {{"library", "list", "--limit", "0"}, 2, "--limit wants a whole number of at least 1"},
         {{"library", "highlights", "--subtype", "weeks"}, 2, "--subtype must be days, daygroups, months or years"},
         {{"library", "import"}, 2, "import needs a file"},
         {{"library", "import", path("missing.jpg")}, 2, "no such file"},
@@ -127,12 +146,73 @@ TEST_F(LibraryCommandTest, BadRequestsSayWhatIsWrong)
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.arguments.join(' ').toStdString());
-        const CliResult result = run(c.arguments);
+        const cli::Result result = run(c.arguments);
         EXPECT_EQ(result.status, c.status);
         EXPECT_TRUE(result.err.contains(QLatin1String(c.message))) << result.err.toStdString();
     }
     EXPECT_TRUE(run({"library", "info"}).out.contains(QStringLiteral("assets: 0\n")));
     EXPECT_TRUE(QFileInfo::exists(path("lone.mov")));
+}
+
+TEST_F(LibraryCommandTest, ReadOnlyLibraryCanBeReadButNotChanged)
+{
+    const QString library = path("Shelved");
+    ASSERT_TRUE(writePhoto(path("a.jpg"), {QSize(32, 32), QDateTime::currentDateTime(), {}, {}}));
+    ASSERT_EQ(run({"--library", library, "library", "import", path("a.jpg")}).status, 0);
+    setTreeWritable(library, false);
+
+    const cli::Result info = run({"--library", library, "library", "info"}, withoutPermissionOverrides);
+    EXPECT_EQ(info.status, 0) << info.err.toStdString();
+    EXPECT_TRUE(info.out.contains(QStringLiteral("assets: 1\n")));
+    const cli::Result list = run({"--library", library, "library", "list"}, withoutPermissionOverrides);
+    EXPECT_EQ(list.status, 0) << list.err.toStdString();
+    EXPECT_EQ(list.out.count('\n'), 1);
+    EXPECT_EQ(run({"--library", library, "library", "highlights"}, withoutPermissionOverrides).status, 0);
+    EXPECT_EQ(run({"--library", library, "library", "verify"}, withoutPermissionOverrides).status, 0);
+    const cli::Result import = run({"--library", library, "library", "import", path("a.jpg")}, withoutPermissionOverrides);
+    EXPECT_EQ(import.status, 1);
+    EXPECT_TRUE(import.err.contains(QLatin1String("is read-only"))) << import.err.toStdString();
+
+    setTreeWritable(library, true);
+    EXPECT_TRUE(run({"--library", library, "library", "info"}).out.contains(QStringLiteral("assets: 1\n")));
+}
+
+TEST_F(LibraryCommandTest, JsonCarriesWhatTheTextShows)
+{
+    const QDateTime date(QDate(2024, 5, 1), QTime(10, 0), Qt::UTC);
+    const QString id = QStringLiteral("0A1B2C3D-0000-4000-8000-000000000002");
+    ASSERT_TRUE(writePhoto(path("a.jpg"), {QSize(80, 60), date, std::make_pair(48.85, 2.35), {}}));
+    ASSERT_TRUE(writePhoto(path("s.jpg"), {QSize(40, 30), date.addSecs(60), {}, id}));
+    ASSERT_TRUE(writeMovie(path("s.mov"), {QSize(40, 30), date.addSecs(60), {}, id}));
+    ASSERT_EQ(run({"library", "import", path("a.jpg")}).status, 0);
+    ASSERT_EQ(run({"library", "import", path("s.jpg"), "--paired", path("s.mov")}).status, 0);
+
+    const QJsonObject info = json(run({"library", "info", "--json"})).object();
+    EXPECT_EQ(info.value("location").toString(), defaultLibrary());
+    EXPECT_EQ(info.value("assets").toInt(), 2);
+    EXPECT_EQ(info.value("photos").toInt(), 1);
+    EXPECT_EQ(info.value("movingPhotos").toInt(), 1);
+    EXPECT_GT(info.value("sizeOnDisk").toDouble(), 0);
+
+    const QStringList lines = run({"library", "list"}).out.split('\n', Qt::SkipEmptyParts);
+    const QJsonArray assets = json(run({"library", "list", "--json"})).array();
+    ASSERT_EQ(assets.size(), 2);
+    ASSERT_EQ(lines.size(), 2);
+    const QJsonObject first = assets[0].toObject(), second = assets[1].toObject();
+    EXPECT_EQ(first.value("identifier").toString(), lines[0].section('\t', 0, 0));
+    EXPECT_EQ(first.value("media").toString(), QStringLiteral("photo"));
+    EXPECT_EQ(first.value("width").toInt(), 80);
+    EXPECT_EQ(first.value("date").toString(), QStringLiteral("2024-05-01T10:00:00Z"));
+    EXPECT_NEAR(first.value("location").toObject().value("latitude").toDouble(), 48.85, 1e-6);
+    EXPECT_FALSE(first.value("paired").toBool());
+    EXPECT_TRUE(second.value("location").isNull());
+    EXPECT_TRUE(second.value("paired").toBool());
+
+    const QJsonArray months = json(run({"library", "highlights", "--subtype", "months", "--json"})).array();
+    ASSERT_EQ(months.size(), 1);
+    EXPECT_EQ(months[0].toObject().value("subtype").toString(), QStringLiteral("months"));
+    EXPECT_EQ(months[0].toObject().value("assets").toInt(), 2);
+    EXPECT_TRUE(run({"library", "highlights", "--subtype", "years"}).out.contains(QStringLiteral("\t2 assets (2 photos, 0 videos)\t")));
 }
 
 } // namespace

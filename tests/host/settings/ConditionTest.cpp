@@ -13,6 +13,7 @@ public:
         declareKey(QStringLiteral("splitView"), Kind::Int64);
         declareKey(QStringLiteral("mode"), Kind::String);
         declareKey(QStringLiteral("place"), Kind::Location);
+        declareKey(QStringLiteral("ratio"), Kind::Double);
     }
 };
 
@@ -54,6 +55,28 @@ TEST(TWCondition, EvaluatesComparisonsAndConnectives)
     }
 }
 
+TEST(TWCondition, ReadsNumbersWithExponentsAndSigns)
+{
+    FlagSettings s;
+    s.setValueForKey(0.000001, QStringLiteral("ratio"));
+    const struct {
+        const char *format;
+        bool expected;
+    } cases[] = {
+        {"ratio < 1e-5", true},
+        {"ratio > 1E-7", true},
+        {"ratio == 1e-6", true},
+        {"ratio < 2.5e+3 AND ratio > -1e2", true},
+        {"ratio >= .5e-5", false},
+    };
+    for (const auto &c : cases) {
+        QString error;
+        const TWCondition condition = TWCondition::parse(QString::fromLatin1(c.format), &error);
+        ASSERT_TRUE(condition.isValid()) << c.format << ": " << error.toStdString();
+        EXPECT_EQ(condition.evaluate(&s), c.expected) << c.format;
+    }
+}
+
 TEST(TWCondition, RecordsTheKeysItReads)
 {
     const TWCondition condition = TWCondition::parse(QStringLiteral("splitView != 0 AND (mode == 'a' OR splitView > 3)"));
@@ -62,7 +85,7 @@ TEST(TWCondition, RecordsTheKeysItReads)
 
 TEST(TWCondition, RejectsMalformedTextWithAReason)
 {
-    for (const char *bad : {"", "splitView !=", "== 3", "(splitView == 1", "mode == 'open", "splitView == 1 extra", "a # 3"}) {
+    for (const char *bad : {"", "splitView !=", "== 3", "(splitView == 1", "mode == 'open", "splitView == 1 extra", "a # 3", "splitView == 1e", "splitView == 1e+"}) {
         QString error;
         EXPECT_FALSE(TWCondition::parse(QString::fromLatin1(bad), &error).isValid()) << bad;
         EXPECT_FALSE(error.isEmpty()) << bad;

@@ -1,3 +1,4 @@
+#include "settings/TWModule.h"
 #include "settings/TWSettings.h"
 
 #include <QCoreApplication>
@@ -31,6 +32,24 @@ public:
         setValue(QStringLiteral("ratio"), 1.5);
         setValue(QStringLiteral("name"), QStringLiteral("default"));
         setValue(QStringLiteral("enabled"), true);
+    }
+};
+
+// The same keys edited by a screen: a choice, a slider, a switch and a folder that must be named;
+// "small" and "place" have no row.
+class ScreenSettings : public LeafSettings {
+public:
+    std::shared_ptr<TWModule> settingsModule() const override
+    {
+        auto count = TWChoiceRow::rowWithTitle(QStringLiteral("Count"), QStringLiteral("count"));
+        count->possibleValues({1000, 1, 10}, {QStringLiteral("All"), QStringLiteral("1"), QStringLiteral("Ten")});
+        auto ratio = TWSliderRow::rowWithTitle(QStringLiteral("Ratio"), QStringLiteral("ratio"));
+        ratio->minValue(0.5, 4)->vu_increment(0.5);
+        auto name = TWEditStringRow::rowWithTitle(QStringLiteral("Folder"), QStringLiteral("name"));
+        name->setRequiresText(true);
+        return TWModule::moduleWithTitle(QStringLiteral("Screen"), {TWSection::sectionWithRows(
+            {count, ratio, name, TWSwitchRow::rowWithTitle(QStringLiteral("Enabled"), QStringLiteral("enabled")),
+             TWButtonRow::rowWithTitle(QStringLiteral("Count Again"), TWRowAction::actionWithHandler({}))})});
     }
 };
 
@@ -160,6 +179,83 @@ TEST_F(ArchiveFixture, WrongTypedStoredValueIsSkippedAndTheRestApply)
     EXPECT_EQ(tree->valueForKeyPath(QStringLiteral("first.ratio")).toDouble(), 2.25);
     EXPECT_FALSE(tree->valueForKeyPath(QStringLiteral("second.enabled")).toBool());
     delete tree;
+}
+
+TEST(TWSettings, ValidationTakesOnlyWhatTheRowsOffer)
+{
+    ScreenSettings s;
+    s.restoreDefaultValuesRecursively();
+    const struct {
+        const char *key;
+        QVariant value;
+        bool accepted;
+    } cases[] = {
+        {"count", 1000, true},
+        {"count", 10.0, true},
+        {"count", 5, false},
+        {"count", -1, false},
+        {"ratio", 0.5, true},
+        {"ratio", 4, true},
+        {"ratio", 1.25, true},
+        {"ratio", 0.49, false},
+        {"ratio", 1e8, false},
+        {"name", QStringLiteral("Captures"), true},
+        {"name", QString(), false},
+        {"name", QStringLiteral("  "), false},
+        {"enabled", false, true},
+        {"small", -7, true},
+        {"place", TWLocationValue(1, 2), true},
+        {"ratio", QStringLiteral("1"), false},
+    };
+    for (const auto &c : cases) {
+        QVariant value = c.value;
+        QString error;
+        EXPECT_EQ(s.validateValue(&value, QString::fromLatin1(c.key), &error), c.accepted) << c.key << " " << c.value.toString().toStdString();
+        EXPECT_EQ(error.isEmpty(), c.accepted) << error.toStdString();
+    }
+    QVariant converted = 10.0;
+    ASSERT_TRUE(s.validateValue(&converted, QStringLiteral("count")));
+    EXPECT_EQ(converted.typeId(), QMetaType::LongLong) << "validation converts to the key's kind";
+}
+
+TEST(TWSettings, RefusalsSayWhatTheRowsOfferAndChangeNothing)
+{
+    ScreenSettings s;
+    s.restoreDefaultValuesRecursively();
+    QString error;
+    EXPECT_FALSE(s.validateAndSetValueForKeyPath(5, QStringLiteral("count"), &error));
+    EXPECT_EQ(error, QStringLiteral("5 is not one of 1000 (All), 1, 10 (Ten)"));
+    EXPECT_FALSE(s.validateAndSetValueForKeyPath(9.5, QStringLiteral("ratio"), &error));
+    EXPECT_EQ(error, QStringLiteral("9.5 is not within 0.5 to 4"));
+    EXPECT_FALSE(s.validateAndSetValueForKeyPath(QString(), QStringLiteral("name"), &error));
+    EXPECT_EQ(error, QStringLiteral("\"\" is not a non-blank text"));
+    EXPECT_EQ(s.valueForKey(QStringLiteral("count")).toLongLong(), 10);
+    EXPECT_EQ(s.valueForKey(QStringLiteral("ratio")).toDouble(), 1.5);
+
+    EXPECT_TRUE(s.setValueForKey(5, QStringLiteral("count"))) << "code is trusted with values no row offers";
+    EXPECT_EQ(s.valueForKey(QStringLiteral("count")).toLongLong(), 5);
+}
+
+TEST_F(ArchiveFixture, StoredValueNoRowOffersIsSkippedLikeAWronglyTypedOne)
+{
+    struct ScreenTree : TWSettings {
+        ScreenTree() { declareChild(QStringLiteral("screen"), new ScreenSettings); }
+    };
+    writeArchive(R"({"screen.count": 5, "screen.ratio": 1e8, "screen.name": "", "screen.enabled": false, "screen.small": -3})");
+    QStringList warnings;
+    static QStringList *captured = nullptr;
+    captured = &warnings;
+    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &message) { *captured << message; });
+    std::unique_ptr<ScreenTree> tree(TWSettings::createSharedInstance<ScreenTree>());
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(tree->valueForKeyPath(QStringLiteral("screen.count")).toLongLong(), 10);
+    EXPECT_EQ(tree->valueForKeyPath(QStringLiteral("screen.ratio")).toDouble(), 1.5);
+    EXPECT_EQ(tree->valueForKeyPath(QStringLiteral("screen.name")).toString(), QStringLiteral("default"));
+    EXPECT_FALSE(tree->valueForKeyPath(QStringLiteral("screen.enabled")).toBool());
+    EXPECT_EQ(tree->valueForKeyPath(QStringLiteral("screen.small")).toLongLong(), -3);
+    ASSERT_EQ(warnings.size(), 3) << warnings.join(QLatin1Char('\n')).toStdString();
+    EXPECT_TRUE(warnings[0].contains(QStringLiteral("screen.count")));
+    EXPECT_TRUE(warnings[0].contains(QStringLiteral("5 is not one of 1000 (All), 1, 10 (Ten)")));
 }
 
 TEST_F(ArchiveFixture, UnreadableArchiveIsKeptAsideAndDefaultsApply)

@@ -1,9 +1,11 @@
-// What must hold when things go wrong: a change cut short by a killed process, several changes
-// at once, files that are already there, paths that lead out of the library.
+// What must hold when things go wrong: a change cut short by a killed process (and one still
+// running elsewhere), several changes at once, files that are already there, paths that lead out
+// of the library.
 
 #include "PhotoLibraryFixture.h"
 
 #include "photos/Catalogue.h"
+#include "photos/ChangeLocks.h"
 #include "photos/LibraryFolder.h"
 
 #include "dispatch/Dispatch.h"
@@ -13,10 +15,12 @@
 #include <QSet>
 
 #include <atomic>
+#include <optional>
 #include <thread>
 
 using namespace photos::testing;
 using photos::detail::Catalogue;
+using photos::detail::ChangeLocks;
 using photos::detail::LibraryFolder;
 using photos::detail::PendingFile;
 
@@ -28,14 +32,15 @@ protected:
 
     // Leaves the library exactly as a process killed after placing a file, before committing its
     // row, leaves it: the journal entry (a move or a copy) is committed and the file is placed.
-    void interruptAfterPlacing(const QString &source, bool move, Placement placement)
+    // With the token of a live owner, it is a change still running in another process.
+    QString interruptAfterPlacing(const QString &source, bool move, Placement placement, qint64 owner = 0)
     {
         m_library.reset();
         LibraryFolder folder(libraryPath());
         Catalogue catalogue(folder.databasePath());
         catalogue.open();
         const QString destination = LibraryFolder::originalPathFor(QStringLiteral("DEAD0000-1111"), QStringLiteral("jpg"));
-        PendingFile pending{0, source, destination, move};
+        PendingFile pending{0, source, destination, move, owner};
         {
             photos::detail::Transaction transaction(catalogue.writer());
             catalogue.addPendingFile(pending);
@@ -44,10 +49,11 @@ protected:
         if (placement == PartlyCopied) {
             QDir().mkpath(QFileInfo(folder.resolve(destination)).absolutePath());
             QFile::copy(source, folder.resolve(destination) + LibraryFolder::partialSuffix());
-            return;
+            return destination;
         }
         QString error;
-        ASSERT_TRUE(folder.place(source, destination, placement == Moved, &error)) << error.toStdString();
+        EXPECT_TRUE(folder.place(source, destination, placement == Moved, &error)) << error.toStdString();
+        return destination;
     }
 };
 
@@ -69,6 +75,28 @@ TEST_F(ReliabilityTest, MoveInterruptedBeforeCommitIsReturnedOnReopen)
     // Reconciled once: the next opening has nothing left to do.
     reopen();
     EXPECT_TRUE(m_library->reconciliationReport().isEmpty());
+}
+
+TEST_F(ReliabilityTest, ChangesOfALiveOwnerAreLeftToIt)
+{
+    std::optional<ChangeLocks> otherProcess(std::in_place, LibraryFolder(libraryPath()).changeLockPath());
+    QString error;
+    const qint64 token = otherProcess->claim(&error);
+    ASSERT_NE(token, 0) << error.toStdString();
+    const QString source = photo("inflight.jpg", {QSize(16, 16), QDateTime::currentDateTime(), {}, {}});
+    const QString destination = interruptAfterPlacing(source, true, Moved, token);
+
+    reopen();
+    EXPECT_TRUE(m_library->reconciliationReport().isEmpty());
+    EXPECT_TRUE(QFileInfo::exists(LibraryFolder(libraryPath()).resolve(destination))) << "the running change keeps its file";
+    EXPECT_FALSE(QFileInfo::exists(source));
+
+    // The owner dies: its lock goes with it, and the next opening finishes its work.
+    otherProcess.reset();
+    reopen();
+    EXPECT_EQ(m_library->reconciliationReport().size(), 1);
+    EXPECT_TRUE(QFileInfo::exists(source));
+    EXPECT_TRUE(originals().isEmpty());
 }
 
 TEST_F(ReliabilityTest, CopyInterruptedHalfWayLeavesNoPartialFile)

@@ -130,3 +130,41 @@ TEST(Window, RootAppearsWithTheWindowAndDisappearsWhenItCloses)
     EXPECT_EQ(log.mid(3), (QStringList{QStringLiteral("root willDisappear"), QStringLiteral("root didDisappear")}));
     delete window;
 }
+
+namespace {
+
+// Notes whether its view was still there when it went.
+class ViewCheckingController : public ui::ViewController {
+public:
+    explicit ViewCheckingController(bool *viewAliveAtEnd) : m_viewAliveAtEnd(viewAliveAtEnd) {}
+    ~ViewCheckingController() override { *m_viewAliveAtEnd = m_label && m_label->window(); }
+
+protected:
+    QWidget *loadView() override
+    {
+        auto *view = new QWidget;
+        m_label = new QLabel(QStringLiteral("content"), view);
+        return view;
+    }
+
+private:
+    bool *m_viewAliveAtEnd;
+    QPointer<QLabel> m_label;
+};
+
+} // namespace
+
+TEST(Window, ControllersGoBeforeTheViewsTheyShowIn)
+{
+    bool pushedViewAlive = false, presentedViewAlive = false;
+    {
+        ui::Window window;
+        auto *navigation = new ui::NavigationController(new ui::ViewController);
+        window.setRootViewController(navigation);
+        window.show();
+        navigation->pushViewController(new ViewCheckingController(&pushedViewAlive), false);
+        navigation->topViewController()->presentViewController(new ViewCheckingController(&presentedViewAlive), false);
+    }
+    EXPECT_TRUE(pushedViewAlive);
+    EXPECT_TRUE(presentedViewAlive);
+}

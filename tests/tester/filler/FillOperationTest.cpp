@@ -3,12 +3,14 @@
 #include "filler/VUTesterLibraryFillOperation.h"
 #include "imageio/PhotoMetadata.h"
 #include "movie/MovieMetadata.h"
+#include "photos/PrivateFolders.h"
 #include "photos/VHAsset.h"
 #include "photos/VHPhotoLibrary.h"
 #include "photos/VHSystemLibraryPathManager.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -51,6 +53,17 @@ FillRun fill(const VUTesterLibraryFillerSettings &settings, int cancelAfter = -1
     result.completions = completions->load();
     result.progress = operation->progress();
     return result;
+}
+
+// The photos and movies of this process on their way: in its own temporary folder, or in the
+// temporary folder itself.
+QStringList temporaryFiles()
+{
+    QStringList files;
+    for (const QString &folder : {photos::processTemporaryFolder(nullptr), QDir::tempPath()})
+        for (const QString &name : QDir(folder).entryList({QStringLiteral("*.jpg"), QStringLiteral("*.mov")}, QDir::Files))
+            files << QDir(folder).filePath(name);
+    return files;
 }
 
 struct FillFixture : ::testing::Test {
@@ -153,6 +166,7 @@ TEST_F(FillFixture, LibraryFillImportsEachKindWithItsMetadataAndMovesTheFiles)
     settings.setNumberOfAssetsToAdd(3);
     settings.setLocation(TWLocationValue(46.5197, 6.6323));
     const qsizetype before = VHAsset::fetchAssetsWithOptions({}).count();
+    const QStringList waiting = temporaryFiles();
     const FillRun run = fill(settings);
     ASSERT_EQ(run.reports.size(), 3u);
     for (const auto &report : run.reports)
@@ -174,9 +188,9 @@ TEST_F(FillFixture, LibraryFillImportsEachKindWithItsMetadataAndMovesTheFiles)
             ++photos;
     }
     EXPECT_EQ(std::make_tuple(photos, videos, moving), std::make_tuple(1, 1, 1));
-    for (const auto &report : run.reports)
-        for (const QString &name : report.files)
-            EXPECT_FALSE(QFileInfo::exists(QDir::temp().filePath(name))) << "moved into the library, not copied";
+    for (qsizetype i = 0; i < 3; ++i)
+        EXPECT_EQ(run.reports[size_t(i)].identifier, assets.objectAtIndex(before + i).localIdentifier());
+    EXPECT_EQ(temporaryFiles(), waiting) << "moved into the library, not copied";
 }
 
 TEST_F(FillFixture, CancellingFinishesTheAssetInProgressAndStartsNoOther)
@@ -210,13 +224,46 @@ TEST_F(FillFixture, AFailedAssetEndsTheRunAfterIt)
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     blocker.close();
 
+    const QStringList before = temporaryFiles();
     const FillRun run = fill(settings);
     EXPECT_EQ(run.completions, 1);
     ASSERT_EQ(run.reports.size(), 1u);
     EXPECT_FALSE(run.reports[0].success);
     EXPECT_FALSE(run.reports[0].error.isEmpty());
     EXPECT_NEAR(run.progress, 0.2, 1e-9);
+    EXPECT_EQ(temporaryFiles(), before) << "the failed asset's photo is not left behind";
     QFile::remove(directory);
+}
+
+TEST_F(FillFixture, ALinkedFileBackedFolderKeepsItsPermissionsAndOnlyTheLinkIsDeleted)
+{
+    QTemporaryDir elsewhere;
+    ASSERT_TRUE(elsewhere.isValid());
+    const QFileDevice::Permissions shared = QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner | QFileDevice::ReadGroup
+                                            | QFileDevice::ExeGroup | QFileDevice::ReadOther | QFileDevice::ExeOther;
+    ASSERT_TRUE(QFile::setPermissions(elsewhere.path(), shared));
+    QFile own(elsewhere.filePath(QStringLiteral("notes.txt")));
+    ASSERT_TRUE(own.open(QIODevice::WriteOnly));
+    own.close();
+    const QString directory = VHSystemLibraryPathManager::sharedInstance().temporaryFileBackedDebugDirectory(false);
+    QDir(directory).removeRecursively();
+    QDir().mkpath(QFileInfo(directory).absolutePath());
+    ASSERT_TRUE(QFile::link(elsewhere.path(), directory));
+
+    settings.setFillDestination(1);
+    settings.setMedia(0);
+    settings.setNumberOfAssetsToAdd(1);
+    const FillRun run = fill(settings);
+    ASSERT_EQ(run.reports.size(), 1u);
+    ASSERT_TRUE(run.reports[0].success) << run.reports[0].error.toStdString();
+    const QFileDevice::Permissions ownerGroupOther(0x7077);
+    EXPECT_EQ(QFileInfo(elsewhere.path()).permissions() & ownerGroupOther, shared & ownerGroupOther);
+    EXPECT_EQ(QDir(elsewhere.path()).entryList(QDir::Files).size(), 2);
+
+    EXPECT_TRUE(VUTesterLibraryFillerSettings::_clearFileBacked());
+    EXPECT_FALSE(QFileInfo(directory).isSymLink());
+    EXPECT_TRUE(QFileInfo::exists(own.fileName()));
+    EXPECT_EQ(QDir(elsewhere.path()).entryList(QDir::Files).size(), 2) << "the files the link led to stay";
 }
 
 TEST_F(FillFixture, TheScreenTracksRunningOperationsAndDeletesTheFileBackedStore)

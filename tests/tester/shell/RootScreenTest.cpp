@@ -7,10 +7,12 @@
 #include "ui/AlertController.h"
 #include "ui/BarButtonItem.h"
 #include "ui/Notifications.h"
+#include "ui/TWUISettingsAppearance.h"
+#include "ui/TWUISettingsCell.h"
+#include "ui/TWUISettingsChoiceViewController.h"
 #include "ui/TWUISettingsModuleViewController.h"
 #include "ui/Window.h"
 
-#include <QComboBox>
 #include <QFile>
 #include <QLabel>
 #include <QPushButton>
@@ -50,11 +52,17 @@ struct RootScreenFixture : ::testing::Test {
     {
         return qobject_cast<TWUISettingsModuleViewController *>(root->topViewController());
     }
-    void tap(const QString &rowTitle)
+    TWUISettingsCell *cell(const QString &name) const
     {
-        auto *button = topScreen()->view()->findChild<QPushButton *>(rowTitle);
-        ASSERT_TRUE(button) << rowTitle.toStdString();
-        QTest::mouseClick(button, Qt::LeftButton);
+        return root->topViewController()->view()->findChild<TWUISettingsCell *>(name);
+    }
+    // Clicks the row with this title on the screen on top, and waits for what it starts.
+    void tap(const QString &rowTitle) { click(QStringLiteral("row:") + rowTitle); }
+    void click(const QString &cellName)
+    {
+        TWUISettingsCell *target = cell(cellName);
+        ASSERT_TRUE(target) << cellName.toStdString();
+        QTest::mouseClick(target, Qt::LeftButton);
         ASSERT_TRUE(QTest::qWaitFor([&] { return !root->isTransitioning(); }, 5000));
     }
 };
@@ -94,14 +102,23 @@ TEST_F(RootScreenFixture, RowsEditTheirKeysAndFollowTheirConditionsLive)
     auto *filler = VUTesterLibraryFillerSettings::sharedInstance();
     QWidget *screen = topScreen()->view();
 
-    auto *media = screen->findChild<QComboBox *>(QStringLiteral("media"));
+    TWUISettingsCell *media = cell(QStringLiteral("row:Media"));
     ASSERT_TRUE(media);
-    EXPECT_EQ(media->currentText(), QStringLiteral("Random"));
-    media->setCurrentIndex(4);
-    Q_EMIT media->activated(4);
+    EXPECT_EQ(media->detailText(), QStringLiteral("Random"));
+    tap(QStringLiteral("Media"));
+    auto *choices = qobject_cast<TWUISettingsChoiceViewController *>(root->topViewController());
+    ASSERT_TRUE(choices) << "a choice opens the list of its values";
+    EXPECT_EQ(choices->title(), QStringLiteral("Media"));
+    EXPECT_EQ(cell(QStringLiteral("choice:Random"))->accessory(), TWUISettingsCell::Accessory::Checkmark);
+    EXPECT_EQ(cell(QStringLiteral("choice:Photo"))->accessory(), TWUISettingsCell::Accessory::None);
+    savedSinceLastCheck();
+    click(QStringLiteral("choice:Stir Shot"));
     EXPECT_EQ(filler->media(), 2);
+    EXPECT_EQ(topScreen()->module()->title(), QStringLiteral("Library Filler")) << "picking goes back";
+    EXPECT_TRUE(savedSinceLastCheck()) << "going back saves";
+    EXPECT_EQ(media->detailText(), QStringLiteral("Stir Shot"));
     filler->setMedia(VUTesterLibraryFillerSettings::kEnumerate);
-    EXPECT_EQ(media->currentText(), QStringLiteral("Enumerate")) << "the row follows the key";
+    EXPECT_EQ(media->detailText(), QStringLiteral("Enumerate")) << "the row follows the key";
 
     auto *longSide = screen->findChild<QSlider *>(QStringLiteral("longSide"));
     ASSERT_TRUE(longSide);
@@ -115,10 +132,11 @@ TEST_F(RootScreenFixture, RowsEditTheirKeysAndFollowTheirConditionsLive)
     filler->setValueForKey(true, QStringLiteral("internalCancelable"));
     filler->setValueForKey(QStringLiteral("Progress: 75%"), QStringLiteral("internalProgressTitle"));
     EXPECT_TRUE(progressRow->isVisibleTo(screen));
-    auto *progressButton = progressRow->findChild<QPushButton *>();
-    EXPECT_EQ(progressButton->text(), QStringLiteral("Progress: 75%"));
+    auto *progressCell = qobject_cast<TWUISettingsCell *>(progressRow);
+    ASSERT_TRUE(progressCell);
+    EXPECT_EQ(progressCell->title(), QStringLiteral("Progress: 75%"));
 
-    QTest::mouseClick(progressButton, Qt::LeftButton);
+    QTest::mouseClick(progressCell, Qt::LeftButton);
     auto *alert = qobject_cast<ui::AlertController *>(topScreen()->presentedViewController());
     ASSERT_TRUE(alert);
     EXPECT_EQ(alert->title(), QStringLiteral("Cancel"));
@@ -128,26 +146,61 @@ TEST_F(RootScreenFixture, RowsEditTheirKeysAndFollowTheirConditionsLive)
     EXPECT_FALSE(progressRow->isVisibleTo(screen));
 }
 
+// While fills run their progress row stays: restoring defaults resets options, not what running
+// work shows.
+TEST_F(RootScreenFixture, RestoringDefaultsWhileFillsRunKeepsTheProgressRow)
+{
+    window.show();
+    tap(QStringLiteral("Library Filler"));
+    auto *filler = VUTesterLibraryFillerSettings::sharedInstance();
+    filler->setLongSide(800);
+    filler->setValueForKey(true, QStringLiteral("internalCancelable"));
+    filler->setValueForKey(QStringLiteral("Progress: 40%"), QStringLiteral("internalProgressTitle"));
+    QWidget *screen = topScreen()->view();
+    QWidget *progressRow = screen->findChild<QWidget *>(QStringLiteral("row:"));
+    ASSERT_TRUE(progressRow);
+    ASSERT_TRUE(progressRow->isVisibleTo(screen));
+
+    topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("Restore Defaults")));
+    EXPECT_EQ(filler->longSide(), 3200);
+    EXPECT_TRUE(filler->internalCancelable());
+    EXPECT_EQ(filler->internalProgressTitle(), QStringLiteral("Progress: 40%"));
+    EXPECT_TRUE(progressRow->isVisibleTo(screen));
+    filler->setValueForKey(false, QStringLiteral("internalCancelable"));
+}
+
+// The highlight levels' screens are not built yet: their rows do nothing, rather than opening the
+// screen they are on once more.
+TEST_F(RootScreenFixture, DrillDownsWithoutAScreenStayWhereTheyAre)
+{
+    window.show();
+    tap(QStringLiteral("Highlights"));
+    savedSinceLastCheck();
+    topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("Years")));
+    EXPECT_EQ(root->viewControllers().size(), 2);
+    EXPECT_FALSE(root->isTransitioning());
+    EXPECT_FALSE(savedSinceLastCheck()) << "nothing was pushed, so nothing was saved";
+    root->popViewControllerAnimated(false);
+}
+
 TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
 {
     window.show();
-    auto *row = topScreen()->view()->findChild<QPushButton *>(QStringLiteral("Years & Months Layouts"));
+    TWUISettingsCell *row = cell(QStringLiteral("row:Years & Months Layouts"));
     ASSERT_TRUE(row);
-    EXPECT_EQ(row->text(), QStringLiteral("Years && Months Layouts  ›")) << "escaped so Qt draws one '&' and no mnemonic";
+    EXPECT_EQ(row->title(), QStringLiteral("Years & Months Layouts"));
     tap(QStringLiteral("Years & Months Layouts"));
     EXPECT_EQ(topScreen()->module()->title(), QStringLiteral("Years & Months Layouts"));
 }
 
 TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
 {
-    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}},
-                                              {{QStringLiteral("testName"), QStringLiteral("Animate")}}});
     window.show();
     tap(QStringLiteral("Vexo"));
     const auto &sections = topScreen()->module()->sections();
     ASSERT_EQ(sections[2].title, QStringLiteral("Tests"));
-    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("scrollGrid"));
-    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("Animate"));
+    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("NullScrollView"));
+    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("CrossfadeNavigation"));
 
     const QList<QLabel *> headers = topScreen()->view()->findChildren<QLabel *>(QStringLiteral("section:Tests"));
     ASSERT_EQ(headers.size(), 2);
@@ -157,7 +210,7 @@ TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
     VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(true);
     EXPECT_FALSE(headers[0]->isVisibleTo(screen));
     EXPECT_TRUE(headers[1]->isVisibleTo(screen));
-    VUTesterVexoSettings::setTestDefinitions({});
+    VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(false);
 }
 
 TEST_F(RootScreenFixture, ModalPresentationAlwaysAnimatesAndPlacesDoneOnTheAskedSide)

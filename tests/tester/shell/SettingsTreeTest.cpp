@@ -31,6 +31,17 @@ const char *const kChildKeys[] = {
     "tilingViewSettings", "viewSettings", "animationsSettings", "transitionSettings", "userTransformsSettings", "lumoSettings",
     "liveWallpaperSettings", "valueFiltersSettings", "sampleAccessorViewSettings"};
 
+// The class of each child, in the same order.
+const char *const kChildClasses[] = {
+    "VUTesterVistraHighlightsDiagnosticsSettings", "VUTesterLibraryFillerSettings", "VUTesterVexoSettings", "VUTesterImagePickerSettings",
+    "VUTesterVideoEditorSettings", "VUTesterImageManagerSettings", "VUTesterStirShotViewSettings", "VUTesterSharingSettings",
+    "VUTesterOneUpPresentationSettings", "VUTesterVideoScrubberSettings", "VUTesterSwipeDownSettings", "VUTesterVistraPickerSettings",
+    "VUTesterActivitySettings", "VUTesterVideoOverlayButtonSettings", "VUTesterLatticerPlaygroundSettings", "VUTesterExploreLayoutSettings",
+    "VUTesterYearsMonthsLayoutsSettings", "VUTesterContextualNotificationsSettings", "VUTesterStoryletsRelatedSettings",
+    "VUTesterTilingViewSettings", "VUTesterViewSettings", "VUTesterAnimationsSettings", "VUTesterTransitionSettings",
+    "VUTesterUserTransformsSettings", "VUTesterLumoSettings", "VUTesterLiveWallpaperSettings", "VUTesterValueFiltersSettings",
+    "VUTesterSampleAccessoryViewSettings"};
+
 struct TreeFixture : ::testing::Test {
     QTemporaryDir dir;
     QString path;
@@ -89,6 +100,21 @@ TEST_F(TreeFixture, RootOwnsItsChildrenInDeclarationOrderAndSharedInstancesAreTh
     EXPECT_EQ(VUTesterSwipeDownSettings::sharedInstance(), root->swipeDownSettings());
     EXPECT_EQ(VUTesterActivitySettings::sharedInstance(), root->activityProgressSettings());
     EXPECT_EQ(VUTesterSampleAccessoryViewSettings::sharedInstance(), root->sampleAccessorViewSettings());
+}
+
+TEST(VUTesterRootSettings, EveryChildReportsItsOwnClass)
+{
+    VUTesterRootSettings root;
+    const QList<TWSettings *> children = root.childSettingsList();
+    ASSERT_EQ(children.size(), qsizetype(std::size(kChildClasses)));
+    for (qsizetype i = 0; i < children.size(); ++i)
+        EXPECT_STREQ(children[i]->metaObject()->className(), kChildClasses[i]) << kChildKeys[i];
+}
+
+TEST(VUTesterRootSettingsDeathTest, CopyingBetweenTwoPlaygroundClassesEndsTheProcess)
+{
+    VUTesterRootSettings root;
+    EXPECT_DEATH(root.swipeDownSettings()->copyValuesFrom(*root.sharingSettings()), "cannot copy a VUTesterSharingSettings into a VUTesterSwipeDownSettings");
 }
 
 TEST_F(TreeFixture, DefaultsFirstThenSavedValuesButNeverTransientOnes)
@@ -170,6 +196,59 @@ TEST_F(TreeFixture, EveryChildModuleIsTitledByItsRowAndEndsWithRestoreDefaults)
     EXPECT_EQ(drillDowns, 27) << "every child but the sample accessory view has a row";
 }
 
+// The rows of every screen bound the values of their keys: what they offer is taken, a value past
+// a slider's bounds or beside a choice's values is not, and defaults and presets are offered ones.
+TEST_F(TreeFixture, EveryRowBoundsItsKeyAndDefaultsAndPresetsAreWithinTheRows)
+{
+    std::unique_ptr<VUTesterRootSettings> root(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    const auto expectOfferedValues = [](const TWSettings *settings) {
+        for (const TWSettings::KeyInfo &info : settings->keys()) {
+            QVariant value = settings->valueForKey(info.key);
+            QString error;
+            EXPECT_TRUE(settings->validateValue(&value, info.key, &error)) << settings->keyPath().toStdString() << "." << info.key.toStdString() << ": " << error.toStdString();
+        }
+    };
+    int bounded = 0;
+    for (TWSettings *settings : root->childSettingsList()) {
+        expectOfferedValues(settings);
+        const TWModulePtr module = settings->settingsModule();
+        for (const TWSection &section : module->sections()) {
+            for (const TWRowPtr &row : section.rows) {
+                const std::string where = (settings->keyPath() + QLatin1Char('.') + row->valueKeyPath()).toStdString();
+                QVariant inside, outside;
+                if (auto *choice = dynamic_cast<const TWChoiceRow *>(row.get())) {
+                    if (choice->values().value(0).typeId() == QMetaType::Bool)
+                        continue;
+                    for (QVariant value : choice->values())
+                        EXPECT_TRUE(settings->validateValue(&value, row->valueKeyPath())) << where << " " << value.toString().toStdString();
+                    inside = choice->values().first();
+                    // A number past every value offered (-1 is a value of some rows).
+                    double largest = -1;
+                    for (const QVariant &value : choice->values())
+                        largest = std::max(largest, value.toDouble());
+                    outside = largest + 1;
+                } else if (auto *slider = dynamic_cast<const TWSliderRow *>(row.get())) {
+                    inside = slider->maximum();
+                    outside = slider->maximum() + 1;
+                } else {
+                    continue;
+                }
+                ++bounded;
+                QString error;
+                EXPECT_TRUE(settings->validateValue(&inside, row->valueKeyPath(), &error)) << where << ": " << error.toStdString();
+                EXPECT_FALSE(settings->validateValue(&outside, row->valueKeyPath(), &error)) << where;
+            }
+        }
+    }
+    EXPECT_GE(bounded, 20);
+
+    VUTesterLibraryFillerSettings *filler = root->libraryFillerSettings();
+    for (const QString &preset : VUTesterLibraryFillerSettings::presetTitles()) {
+        ASSERT_TRUE(filler->applyPreset(preset));
+        expectOfferedValues(filler);
+    }
+}
+
 TEST(VUTesterLibraryFillerSettings, PossibleValuesLeaveOutTheSentinelsAndUnknownKeysGiveNothing)
 {
     QVariantList values;
@@ -218,6 +297,27 @@ TEST_F(TreeFixture, PresetsSetTheirKeysAndLeaveDestinationAndLocationAlone)
     EXPECT_FALSE(filler->location().isNull());
     EXPECT_EQ(filler->locationRadius(), 500);
     EXPECT_FALSE(filler->applyPreset(QStringLiteral("No Such Preset")));
+    filler->setLongSide(100);
+    ASSERT_TRUE(filler->applyPreset(QStringLiteral("photos for 1:1 ZOOM testing"))) << "titles match in any case";
+    EXPECT_EQ(filler->longSide(), 8000);
+}
+
+TEST_F(TreeFixture, LocationIsSetFollowsTheLocationWhateverSetsIt)
+{
+    std::unique_ptr<VUTesterRootSettings> root(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    VUTesterLibraryFillerSettings *filler = root->libraryFillerSettings();
+    EXPECT_FALSE(filler->internalLocationIsSet());
+    ASSERT_TRUE(root->validateAndSetValueForKeyPath(TWLocationValue(46.5, 6.6), QStringLiteral("libraryFillerSettings.location")));
+    EXPECT_TRUE(filler->internalLocationIsSet());
+    filler->locationDidChange(nullptr, QVariant());
+    EXPECT_FALSE(filler->internalLocationIsSet());
+    filler->setLocation(TWLocationValue(-33.9, 18.4));
+    ASSERT_TRUE(root->save());
+
+    std::unique_ptr<VUTesterRootSettings> relaunched(TWSettings::createSharedInstance<VUTesterRootSettings>());
+    EXPECT_TRUE(relaunched->libraryFillerSettings()->internalLocationIsSet()) << "a saved location is set after a relaunch";
+    relaunched->libraryFillerSettings()->restoreDefaultValuesRecursively();
+    EXPECT_FALSE(relaunched->libraryFillerSettings()->internalLocationIsSet());
 }
 
 TEST(VUTesterExports, VersionSymbolsHaveTheirValues)

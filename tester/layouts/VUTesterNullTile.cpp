@@ -1,0 +1,3 @@
+#include "VUTesterNullTile.h"
+
+VUTesterNullTile::VUTesterNullTile(QWidget *parent) : QWidget(parent) {}
