@@ -50,8 +50,6 @@ int testMovieFrameIndex(const QImage &image)
 {
     if (image.isNull())
         return -1;
-    // Encoding to limited-range YUV and back, then scaling, lose up to three levels, always
-    // downwards; the window of each index is shifted to match.
     const int grey = qGreen(image.pixel(image.width() / 2, image.height() / 2));
-    return int(std::lround((grey + 1.5 - levelOf(0)) / 4.0));
+    return int(std::lround((grey - levelOf(0)) / 4.0));
 }
