@@ -34,11 +34,6 @@ TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("1-Up Presentation"));
 }
 
-TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));
-}
-
 TWModulePtr VUTesterSwipeDownSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Swipe Down"));
@@ -52,11 +47,6 @@ TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
 TWModulePtr VUTesterActivitySettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Activity Controller"));
-}
-
-TWModulePtr VUTesterVideoOverlayButtonSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Overlay Button"));
 }
 
 TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()

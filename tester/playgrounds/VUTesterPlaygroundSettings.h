@@ -43,13 +43,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoScrubberSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
     Q_OBJECT
 public:
@@ -68,13 +61,6 @@ class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VU
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "activityProgressSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterVideoOverlayButtonSettings : public VUTesterChildSettings<VUTesterVideoOverlayButtonSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoOverlayButtonSettings";
     static TWModulePtr settingsControllerModule();
 };
 

@@ -12,6 +12,8 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
+#include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {
