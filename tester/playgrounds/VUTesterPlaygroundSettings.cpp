@@ -44,11 +44,6 @@ TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));
 }
 
-TWModulePtr VUTesterActivitySettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Activity Controller"));
-}
-
 TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));

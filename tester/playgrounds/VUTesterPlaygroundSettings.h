@@ -57,13 +57,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VUTesterActivitySettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "activityProgressSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
     Q_OBJECT
 public:

@@ -12,6 +12,7 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/activity/VUTesterActivitySettings.h"
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"

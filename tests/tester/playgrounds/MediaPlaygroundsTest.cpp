@@ -2,7 +2,7 @@
 // offscreen platform: the movie each plays (the test pattern or the library's), the buttons that
 // work it, and settings changed while the screen shows.
 
-#include "MediaPlaygroundsFixture.h"
+#include "PlaygroundFixture.h"
 
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonPlaygroundViewController.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberPlaygroundViewController.h"
@@ -15,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-using MediaPlaygrounds = MediaPlaygroundsFixture;
+using MediaPlaygrounds = PlaygroundFixture;
 
 TEST_F(MediaPlaygrounds, VideoScrubberPlaysTheTestPatternAndFollowsItsSettings)
 {

@@ -1,4 +1,4 @@
-#include "MediaPlaygroundsFixture.h"
+#include "PlaygroundFixture.h"
 
 #include "PhoneWindow.h"
 #include "TestMovies.h"
@@ -19,14 +19,14 @@
 
 using namespace std::chrono_literals;
 
-void MediaPlaygroundsFixture::SetUp()
+void PlaygroundFixture::SetUp()
 {
     ASSERT_TRUE(m_temporary.isValid());
     m_oldTemporary = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFile::encodeName(m_temporary.path()));
 }
 
-void MediaPlaygroundsFixture::TearDown()
+void PlaygroundFixture::TearDown()
 {
     m_window.reset();
     settle();
@@ -36,13 +36,13 @@ void MediaPlaygroundsFixture::TearDown()
         qputenv("TMPDIR", m_oldTemporary);
 }
 
-void MediaPlaygroundsFixture::show(ui::ViewController *screen)
+void PlaygroundFixture::show(ui::ViewController *screen)
 {
     m_window = std::make_unique<ui::Window>();
     showInPhoneWindow(*m_window, screen);
 }
 
-bool MediaPlaygroundsFixture::settle()
+bool PlaygroundFixture::settle()
 {
     QStringList pending;
     const bool settled = ui::Settle::waitUntilSettled(30s, &pending, 0ms);
@@ -50,14 +50,14 @@ bool MediaPlaygroundsFixture::settle()
     return settled;
 }
 
-std::shared_ptr<VHPhotoLibrary> MediaPlaygroundsFixture::library()
+std::shared_ptr<VHPhotoLibrary> PlaygroundFixture::library()
 {
     if (!m_library)
         m_library = VHPhotoLibrary::create(m_temporary.filePath(QStringLiteral("Library")));
     return m_library;
 }
 
-void MediaPlaygroundsFixture::addVideos(int count)
+void PlaygroundFixture::addVideos(int count)
 {
     for (int i = 0; i < count; ++i) {
         const QString movie = m_temporary.filePath(QStringLiteral("video-%1.mov").arg(++m_added));
@@ -70,7 +70,7 @@ void MediaPlaygroundsFixture::addVideos(int count)
     }
 }
 
-void MediaPlaygroundsFixture::addStirShot(double displayTime)
+void PlaygroundFixture::addStirShot(double displayTime)
 {
     const QString pairing = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     const QString photo = m_temporary.filePath(QStringLiteral("still-%1.jpg").arg(++m_added));

@@ -1,5 +1,5 @@
 #pragma once
-// What the media playground tests share: a temporary folder as TMPDIR (where test pattern movies
+// What the component playground tests share: a temporary folder as TMPDIR (where test pattern movies
 // are cached), a library of their own filled through the module's writers, a phone-sized window,
 // and waiting until a screen has settled.
 
@@ -14,7 +14,7 @@
 
 class VHPhotoLibrary;
 
-class MediaPlaygroundsFixture : public ::testing::Test {
+class PlaygroundFixture : public ::testing::Test {
 protected:
     void SetUp() override;
     void TearDown() override;
