@@ -44,11 +44,6 @@ TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));
 }
 
-TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));
-}
-
 TWModulePtr VUTesterViewSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Views"));

@@ -57,13 +57,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "contextualNotificationsSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
     Q_OBJECT
 public:

@@ -13,6 +13,7 @@
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
 #include "playgrounds/activity/VUTesterActivitySettings.h"
+#include "playgrounds/notifications/VUTesterContextualNotificationsSettings.h"
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"

@@ -2,6 +2,7 @@
 // point or stop when cancelled, each reported as the work goes and logged when it ends.
 
 #include "PlaygroundFixture.h"
+#include "QtPrinters.h"
 
 #include "playgrounds/activity/VUTesterActivityPlaygroundViewController.h"
 

@@ -3,6 +3,7 @@
 // work it, and settings changed while the screen shows.
 
 #include "PlaygroundFixture.h"
+#include "QtPrinters.h"
 
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonPlaygroundViewController.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberPlaygroundViewController.h"
