@@ -64,11 +64,6 @@ TWModulePtr VUTesterLumoSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Stir Shots"));
 }
 
-TWModulePtr VUTesterLiveWallpaperSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Live Wallpaper"));
-}
-
 TWModulePtr VUTesterSampleAccessoryViewSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Sample Accessory View"));

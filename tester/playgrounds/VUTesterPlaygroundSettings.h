@@ -85,13 +85,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterLiveWallpaperSettings : public VUTesterChildSettings<VUTesterLiveWallpaperSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "liveWallpaperSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterSampleAccessoryViewSettings : public VUTesterChildSettings<VUTesterSampleAccessoryViewSettings> {
     Q_OBJECT
 public:

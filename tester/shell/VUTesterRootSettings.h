@@ -16,6 +16,7 @@
 #include "playgrounds/notifications/VUTesterContextualNotificationsSettings.h"
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
+#include "playgrounds/wallpaper/VUTesterLiveWallpaperSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {

@@ -99,7 +99,7 @@ void VUTesterVideoScrubberPlaygroundViewController::_loadMovie()
             player->setMovie(videos.objectAtIndex(index).resourcePath(VHAssetResourceType::Video));
         else
             m_problem = videos.isEmpty() ? QStringLiteral("The library has no videos: fill it with some under Utilities, Library Filler.")
-                                         : QStringLiteral("The library has %1 videos: there is none at %2.").arg(videos.count()).arg(index);
+                                         : QStringLiteral("There is no video at %1: the library has %2.").arg(index).arg(videos.count());
         _update();
         return;
     }

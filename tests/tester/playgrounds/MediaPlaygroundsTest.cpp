@@ -71,7 +71,7 @@ TEST_F(MediaPlaygrounds, VideoScrubberSaysWhenTheLibraryHasNoVideoAndPlaysOneOnc
     EXPECT_TRUE(screen->playButton()->isEnabled());
     settings.setLibraryVideoIndex(2);
     ASSERT_TRUE(settle());
-    EXPECT_TRUE(screen->statusText().contains(QStringLiteral("there is none at 2"))) << screen->statusText().toStdString();
+    EXPECT_TRUE(screen->statusText().startsWith(QStringLiteral("There is no video at 2: the library has 2."))) << screen->statusText().toStdString();
 }
 
 TEST_F(MediaPlaygrounds, VideoOverlayButtonShowsEveryStyleAndStateAndItsLiveButtonWorks)
