@@ -37,6 +37,25 @@ double refreshRateOf(const QScreen *screen)
 DisplayLink::ManualStepping *g_manual = nullptr;
 double g_manualTime = 0;
 DisplayLink::Pacing g_pacing = DisplayLink::Pacing::Automatic;
+std::vector<DisplayLink::FrameObserver *> g_observers;
+
+// Tells the observers of a frame around the firing of its links.
+template <typename Fire>
+void observeFrame(double timestamp, double duration, Fire fire)
+{
+    if (g_observers.empty()) {
+        fire();
+        return;
+    }
+    // Copies: an observer may add or remove observers, itself included, while it is told.
+    for (DisplayLink::FrameObserver *observer : std::vector(g_observers))
+        if (std::find(g_observers.begin(), g_observers.end(), observer) != g_observers.end())
+            observer->frameWillBegin(timestamp, duration);
+    fire();
+    for (DisplayLink::FrameObserver *observer : std::vector(g_observers))
+        if (std::find(g_observers.begin(), g_observers.end(), observer) != g_observers.end())
+            observer->frameDidEnd(timestamp, duration);
+}
 
 } // namespace
 
@@ -61,10 +80,12 @@ public:
     }
     void fire(double timestamp, double duration)
     {
-        const std::vector<QPointer<DisplayLink>> links = m_links;
-        for (const QPointer<DisplayLink> &link : links)
-            if (link && link->m_source == this && link->isScheduled() && !link->isPaused())
-                link->deliver(timestamp, duration);
+        observeFrame(timestamp, duration, [&] {
+            const std::vector<QPointer<DisplayLink>> links = m_links;
+            for (const QPointer<DisplayLink> &link : links)
+                if (link && link->m_source == this && link->isScheduled() && !link->isPaused())
+                    link->deliver(timestamp, duration);
+        });
     }
     // Starts frame delivery when there is someone to deliver to.
     virtual void wake() = 0;
@@ -300,6 +321,17 @@ double DisplayLink::currentTime()
     return g_manual ? g_manualTime : monotonicSeconds();
 }
 
+void DisplayLink::addFrameObserver(FrameObserver *observer)
+{
+    if (std::find(g_observers.begin(), g_observers.end(), observer) == g_observers.end())
+        g_observers.push_back(observer);
+}
+
+void DisplayLink::removeFrameObserver(FrameObserver *observer)
+{
+    g_observers.erase(std::remove(g_observers.begin(), g_observers.end(), observer), g_observers.end());
+}
+
 void DisplayLink::setPacing(Pacing pacing)
 {
     g_pacing = pacing;
@@ -332,10 +364,12 @@ void DisplayLink::ManualStepping::step(int frames)
 {
     for (int i = 0; i < frames; ++i) {
         g_manualTime += m_interval;
-        const std::vector<QPointer<DisplayLink>> links = FrameSources::instance().allLinks();
-        for (const QPointer<DisplayLink> &link : links)
-            if (link && link->isScheduled() && !link->isPaused())
-                link->deliver(g_manualTime, m_interval);
+        observeFrame(g_manualTime, m_interval, [this] {
+            const std::vector<QPointer<DisplayLink>> links = FrameSources::instance().allLinks();
+            for (const QPointer<DisplayLink> &link : links)
+                if (link && link->isScheduled() && !link->isPaused())
+                    link->deliver(g_manualTime, m_interval);
+        });
     }
 }
 

@@ -10,6 +10,9 @@
 //
 // While a DisplayLink::ManualStepping object lives, no link fires on its own: frames happen only
 // when it steps, with a clock of its own, so tests and harnesses drive animations frame by frame.
+//
+// Frame observers hear of every frame before its first link fires and after its last one, so a
+// harness can time a whole frame whatever links the screen under test has.
 
 #include <QObject>
 #include <QPointer>
@@ -59,6 +62,16 @@ public:
 
     static void setPacing(Pacing pacing);
     static Pacing pacing();
+
+    class FrameObserver {
+    public:
+        virtual ~FrameObserver() = default;
+        virtual void frameWillBegin(double timestamp, double duration) {}
+        virtual void frameDidEnd(double timestamp, double duration) {}
+    };
+    // The observer is not owned; remove it before it goes.
+    static void addFrameObserver(FrameObserver *observer);
+    static void removeFrameObserver(FrameObserver *observer);
 
     class ManualStepping {
     public:

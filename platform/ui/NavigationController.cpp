@@ -24,6 +24,10 @@ struct NavigationController::Transition {
     QList<QPointer<ViewController>> removed;
     QVariantAnimation *animation = nullptr;
     QLabel *snapshot = nullptr;
+    // A delegate's animation: its controller, its context and the container of both views.
+    std::shared_ptr<AnimatedTransitioning> animator;
+    TransitionContext *context = nullptr;
+    QWidget *container = nullptr;
 };
 
 NavigationController::NavigationController(ViewController *rootViewController, QObject *parent) : ViewController(parent)
@@ -182,6 +186,12 @@ void NavigationController::transition(ViewController *from, ViewController *to, 
         finishTransition();
         return;
     }
+    if (m_delegate) {
+        if (auto animator = m_delegate->animationControllerForOperation(this, operation, from, to)) {
+            startCustomTransition(std::move(animator));
+            return;
+        }
+    }
 
     // The outgoing page is shown as a picture so both pages can move while the stack shows one.
     const int width = m_pages->width();
@@ -219,11 +229,61 @@ void NavigationController::transition(ViewController *from, ViewController *to, 
     t->animation->start();
 }
 
+void NavigationController::startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator)
+{
+    Transition *t = m_transition;
+    t->animator = std::move(animator);
+    t->container = new QWidget(m_pages);
+    t->container->setObjectName(QStringLiteral("transitionContainer"));
+    t->container->setGeometry(m_pages->rect());
+    for (ViewController *controller : {t->from.data(), t->to.data()}) {
+        QWidget *view = controller->view();
+        view->setParent(t->container);
+        view->setGeometry(t->container->rect());
+        view->show();
+    }
+    (t->operation == Operation::Pop ? t->from : t->to)->view()->raise();
+    t->container->show();
+    t->container->raise();
+    updateBar();
+
+    t->context = new TransitionContext(t->container, t->from, t->to, t->operation, [this, t] {
+        if (m_transition == t)
+            finishTransition();
+    }, this);
+    t->animator->animateTransition(*t->context);
+    // The animation controller may have completed the transition at once.
+    if (m_transition == t)
+        t->context->start(t->animator->transitionDuration(*t->context));
+}
+
+void NavigationController::returnTransitionViews()
+{
+    Transition *t = m_transition;
+    if (!t->container)
+        return;
+    for (ViewController *controller : {t->from.data(), t->to.data()})
+        if (controller && controller->isViewLoaded() && controller->view()->parentWidget() == t->container)
+            m_pages->addWidget(controller->view());
+    delete t->container;
+    t->container = nullptr;
+    // Deleted later: this may run inside one of the context's own calls.
+    t->context->deleteLater();
+}
+
 void NavigationController::finishTransition()
 {
     Transition *t = m_transition;
     if (!t)
         return;
+    if (t->context && !t->context->isComplete()) {
+        // Interrupted: the animations jump to their ends, and their completion normally ends the
+        // transition; one that does not is ended here all the same.
+        t->context->finishAnimations();
+        if (m_transition != t)
+            return;
+    }
+    returnTransitionViews();
     m_transition = nullptr;
     if (t->animation) {
         t->animation->disconnect(this);
@@ -262,7 +322,10 @@ void NavigationController::finishTransition()
     const bool animated = t->animated;
     ViewController *shown = t->to;
     const bool changed = t->operation != Operation::None;
+    const std::shared_ptr<AnimatedTransitioning> animator = t->animator;
     delete t;
+    if (animator)
+        animator->animationEnded();
     if (shown && changed) {
         Q_EMIT didShowViewController(shown);
         if (m_delegate)

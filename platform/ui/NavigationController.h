@@ -1,11 +1,15 @@
 #pragma once
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
-// told before each change.
+// told before each change, and may answer an animated one with an animation of its own
+// (AnimatedTransitioning.h) instead of the container's slide.
 
+#include "AnimatedTransitioning.h"
 #include "ViewController.h"
 
 #include <QList>
+
+#include <memory>
 
 class QLabel;
 class QHBoxLayout;
@@ -22,12 +26,19 @@ public:
     virtual ~NavigationControllerDelegate() = default;
     virtual void willShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
     virtual void didShowViewController(NavigationController *navigationController, ViewController *viewController, bool animated) {}
+    // Asked for each animated push or pop; null keeps the container's own slide.
+    virtual std::shared_ptr<AnimatedTransitioning> animationControllerForOperation(NavigationController *navigationController,
+                                                                                   NavigationOperation operation,
+                                                                                   ViewController *from, ViewController *to)
+    {
+        return nullptr;
+    }
 };
 
 class NavigationController : public ViewController {
     Q_OBJECT
 public:
-    enum class Operation { None, Push, Pop };
+    using Operation = NavigationOperation;
 
     explicit NavigationController(ViewController *rootViewController = nullptr, QObject *parent = nullptr);
     ~NavigationController() override;
@@ -61,6 +72,8 @@ protected:
 
 private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
+    void startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator);
+    void returnTransitionViews();
     void finishTransition();
     void updateBar();
     bool isOnScreen() const;

@@ -1,0 +1,93 @@
+#include "AnimatedTransitioning.h"
+
+#include "DisplayLink.h"
+#include "ViewController.h"
+
+#include <algorithm>
+
+namespace ui {
+
+TransitionContext::TransitionContext(QWidget *containerView, ViewController *from, ViewController *to, NavigationOperation operation,
+                                     Completion onComplete, QObject *parent)
+    : QObject(parent), m_container(containerView), m_from(from), m_to(to), m_operation(operation), m_onComplete(std::move(onComplete))
+{
+}
+
+TransitionContext::~TransitionContext() = default;
+
+ViewController *TransitionContext::viewControllerForKey(Key key) const
+{
+    return key == Key::From ? m_from.data() : m_to.data();
+}
+
+QWidget *TransitionContext::viewForKey(Key key) const
+{
+    ViewController *controller = viewControllerForKey(key);
+    return controller ? controller->view() : nullptr;
+}
+
+void TransitionContext::addAnimations(Animation animation, const QEasingCurve &curve)
+{
+    m_tracks.push_back({std::move(animation), curve});
+}
+
+void TransitionContext::addCompletion(Completion completion)
+{
+    m_completions.push_back(std::move(completion));
+}
+
+void TransitionContext::start(double duration)
+{
+    if (m_finished || m_complete)
+        return;
+    m_duration = duration;
+    m_startTime = DisplayLink::currentTime();
+    applyProgress(0);
+    if (duration <= 0) {
+        finishAnimations();
+        return;
+    }
+    m_link = new DisplayLink([this](DisplayLink &link) {
+        const double fraction = std::clamp((link.timestamp() - m_startTime) / m_duration, 0.0, 1.0);
+        if (fraction >= 1)
+            finishAnimations();
+        else
+            applyProgress(fraction);
+    }, this);
+    m_link->schedule(m_container);
+}
+
+void TransitionContext::applyProgress(double fraction)
+{
+    m_fraction = fraction;
+    for (const Track &track : m_tracks)
+        track.animation(track.curve.valueForProgress(fraction));
+}
+
+void TransitionContext::finishAnimations()
+{
+    if (m_finished)
+        return;
+    m_finished = true;
+    if (m_link)
+        m_link->invalidate();
+    applyProgress(1);
+    // Taken first: a completion may finish the transition, and with it this context.
+    const std::vector<Completion> completions = std::move(m_completions);
+    m_completions.clear();
+    for (const Completion &completion : completions)
+        completion();
+}
+
+void TransitionContext::completeTransition()
+{
+    if (m_complete)
+        return;
+    m_complete = true;
+    if (m_link)
+        m_link->invalidate();
+    if (m_onComplete)
+        m_onComplete();
+}
+
+} // namespace ui
