@@ -2,9 +2,11 @@
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
 // told before each change, and may answer an animated one with an animation of its own
-// (AnimatedTransitioning.h) instead of the container's slide.
+// (AnimatedTransitioning.h) instead of the container's slide, driven by an interaction controller
+// when the delegate gives one. A cancelled interactive transition leaves the stack as it was.
 
 #include "AnimatedTransitioning.h"
+#include "PercentDrivenInteractiveTransition.h"
 #include "ViewController.h"
 
 #include <QList>
@@ -30,6 +32,13 @@ public:
     virtual std::shared_ptr<AnimatedTransitioning> animationControllerForOperation(NavigationController *navigationController,
                                                                                    NavigationOperation operation,
                                                                                    ViewController *from, ViewController *to)
+    {
+        return nullptr;
+    }
+    // Asked after the animation controller: an interaction controller makes the transition follow
+    // it (a finger) instead of running by itself; null runs it by itself.
+    virtual std::shared_ptr<PercentDrivenInteractiveTransition> interactionControllerForAnimationController(
+        NavigationController *navigationController, AnimatedTransitioning *animationController)
     {
         return nullptr;
     }
@@ -74,6 +83,7 @@ private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
     void startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator);
     void returnTransitionViews();
+    void revertCancelledTransition();
     void finishTransition();
     void updateBar();
     bool isOnScreen() const;

@@ -84,11 +84,6 @@ TWModulePtr VUTesterViewSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Views"));
 }
 
-TWModulePtr VUTesterTransitionSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Transition"));
-}
-
 TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("User Transforms"));

@@ -113,13 +113,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "transitionSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
     Q_OBJECT
 public:
