@@ -29,11 +29,6 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("1-Up Presentation"));
-}
-
 TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));

@@ -36,13 +36,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "oneUpPresentationSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
     Q_OBJECT
 public:

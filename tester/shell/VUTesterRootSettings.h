@@ -11,6 +11,7 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 

@@ -4,14 +4,19 @@
 #include "QtPrinters.h"
 
 #include "playgrounds/beamcast/VUTesterBeamcastScreenSimulator.h"
+#include "playgrounds/oneup/VUTesterOneUpPresentationPlaygroundViewController.h"
 #include "playgrounds/beamcast/VUTesterBeamcastScreenSimulatorViewController.h"
 #include "playgrounds/transition/VUTesterTransitionNavigationController.h"
 #include "playgrounds/transition/VUTesterTransitionPlaygroundScreen.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
 
 #include <beamcast/VUBeamcastRootViewController.h>
+#include <browsing/VUAssetImageView.h>
+#include <browsing/VUOneUpViewController.h>
 
 #include "ui/DisplayLink.h"
+#include "ui/NavigationController.h"
+#include "ui/Settle.h"
 #include "ui/GestureRecognizer.h"
 #include "ui/Window.h"
 
@@ -298,6 +303,42 @@ TEST(TransitionSettingsTest, DefaultsAndRowsAndThePlaygroundTheyOpen)
                   kind == VUTesterTransitionSettings::TransitionKindInteractiveCrossfade);
         EXPECT_EQ(static_cast<VUTesterTransitionPlaygroundScreen *>(container->topViewController())->number(), 1);
     }
+    settings->setDefaultValues();
+}
+
+// The 1-Up playground opens the browser on the chosen item and sends the item on screen, not the
+// first one, to the simulated screen at the chosen width, 16:9.
+TEST_F(BeamcastSimulatorTest, OneUpPlaygroundSendsTheCurrentItemToTheSimulatedScreen)
+{
+    VUTesterOneUpPresentationSettings *settings = VUTesterOneUpPresentationSettings::sharedInstance();
+    settings->setDefaultValues();
+    EXPECT_EQ(settings->presentationStyle(), VUTesterOneUpPresentationSettings::PresentationStylePush);
+    EXPECT_EQ(VUTesterOneUpPresentationSettings::settingsControllerModule()->sections().front().rows.front()->title(),
+              QStringLiteral("Test 1-Up Presentation"));
+    settings->setInitialItem(1);
+    settings->setBeamcastScreenWidth(320);
+
+    auto *playground = new VUTesterOneUpPresentationPlaygroundViewController(*settings);
+    auto *navigation = new ui::NavigationController(playground);
+    ui::Window window;
+    window.setRootViewController(navigation);
+    window.resize(390, 700);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    ASSERT_NE(playground->oneUpViewController(), nullptr);
+    EXPECT_EQ(playground->oneUpViewController()->currentIndexPath(), ui::IndexPath::forItem(1, 0));
+
+    const QList<ui::TappableRow> rows = playground->tappableRows();
+    ASSERT_FALSE(rows.isEmpty());
+    EXPECT_EQ(rows.front().title, QStringLiteral("Show on Simulated Screen"));
+    rows.front().tap();
+    ASSERT_TRUE(m_simulator->isScreenVisible());
+    EXPECT_EQ(screen()->geometry(), QRect(49, 49, 322, 182));
+    EXPECT_EQ(screen()->window(), &window);
+    ASSERT_TRUE(ui::Settle::waitUntilSettled(std::chrono::seconds(10)));
+    auto *shown = screen()->findChild<VUAssetImageView *>(QStringLiteral("beamcastAsset"));
+    ASSERT_NE(shown, nullptr);
+    ASSERT_NE(shown->image(), nullptr);
     settings->setDefaultValues();
 }
 
