@@ -3,7 +3,6 @@
 #include "layouts/VUTesterBrowsingSession.h"
 #include "playgrounds/beamcast/VUTesterBeamcastScreenSimulator.h"
 #include "playgrounds/beamcast/VUTesterBeamcastScreenSimulatorViewController.h"
-#include "shell/VUTesterModalPresentation.h"
 
 #include <beamcast/VUBeamcastRootViewController.h>
 #include <browsing/VUAssetImageView.h>
@@ -123,16 +122,4 @@ QList<ui::TappableRow> VUTesterOneUpPresentationPlaygroundViewController::tappab
 {
     return {{QString(), QStringLiteral("Show on Simulated Screen"), [this] { showCurrentItemOnSimulatedScreen(); }},
             {QString(), QStringLiteral("Hide Simulated Screen"), [] { VUTesterBeamcastScreenSimulator::sharedSimulator()->hideScreen(); }}};
-}
-
-ui::ViewController *VUTesterOneUpPresentationPlaygroundViewController::embeddedWithDoneButton(
-    VUTesterOneUpPresentationPlaygroundViewController *playground, ui::ViewController *presenter)
-{
-    auto *navigation = new ui::NavigationController(playground);
-    playground->navigationItem()->setLeftBarButtonItem(new ui::BarButtonItem(
-        ui::BarButtonItem::SystemItem::Done, [presenter = QPointer<ui::ViewController>(presenter)](ui::BarButtonItem *sender) {
-            if (presenter)
-                vutester_dismiss(presenter, sender);
-        }));
-    return navigation;
 }

@@ -37,9 +37,6 @@ public:
 
     QList<ui::TappableRow> tappableRows() override;
 
-    // The playground in a navigation controller whose Done button dismisses it from `presenter`.
-    static ui::ViewController *embeddedWithDoneButton(VUTesterOneUpPresentationPlaygroundViewController *playground, ui::ViewController *presenter);
-
 protected:
     QWidget *loadView() override;
 

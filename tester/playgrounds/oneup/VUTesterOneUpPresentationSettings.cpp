@@ -2,6 +2,8 @@
 
 #include "playgrounds/oneup/VUTesterOneUpPresentationPlaygroundViewController.h"
 
+#include "shell/VUTesterModalPresentation.h"
+
 #include "ui/NavigationController.h"
 
 VUTesterOneUpPresentationSettings::VUTesterOneUpPresentationSettings()
@@ -26,7 +28,7 @@ TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
             return;
         auto *playground = new VUTesterOneUpPresentationPlaygroundViewController(*sharedInstance());
         if (sharedInstance()->presentationStyle() == PresentationStyleModal || !settingsScreen->navigationController())
-            settingsScreen->presentViewController(VUTesterOneUpPresentationPlaygroundViewController::embeddedWithDoneButton(playground, settingsScreen), true);
+            vutester_presentViewController(settingsScreen, playground, true, false);
         else
             settingsScreen->navigationController()->pushViewController(playground, true);
     });
