@@ -13,6 +13,7 @@ int runSettingsCommand(const QStringList &arguments);
 int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
+int runLayoutCommand(const QStringList &arguments);
 int runShotCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
@@ -22,6 +23,7 @@ static const Command kCommands[] = {
     {"image", "render one image generator to a PNG file", runImageCommand},
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
+    {"layout", "print the geometries a layouts playground generator makes of N items", runLayoutCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
     {"shot", "picture a screen, reached by row titles from the root, as a PNG", runShotCommand},
 };

@@ -15,6 +15,13 @@ BarButtonItem::BarButtonItem(SystemItem systemItem, Action action, QObject *pare
 {
 }
 
+BarButtonItem::BarButtonItem(QWidget *customView, QObject *parent) : QObject(parent), m_customView(customView) {}
+
+BarButtonItem::~BarButtonItem()
+{
+    delete m_customView.data();
+}
+
 void BarButtonItem::setTitle(const QString &title)
 {
     if (title == m_title)

@@ -14,6 +14,26 @@
 #include <QVariantAnimation>
 
 namespace ui {
+namespace {
+
+// The button a bar shows for an item with a title or a system title.
+QToolButton *makeButton(BarButtonItem *item)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(item->title());
+    button->setText(buttonText(item->title()));
+    button->setEnabled(item->isEnabled());
+    button->setAutoRaise(true);
+    if (item->systemItem() == BarButtonItem::SystemItem::Done) {
+        QFont font = button->font();
+        font.setBold(true);
+        button->setFont(font);
+    }
+    QObject::connect(button, &QToolButton::clicked, item, &BarButtonItem::trigger);
+    return button;
+}
+
+} // namespace
 
 struct NavigationController::Transition {
     QPointer<ViewController> from;
@@ -74,6 +94,13 @@ QWidget *NavigationController::loadView()
 
     m_pages = new QStackedWidget;
     column->addWidget(m_pages, 1);
+
+    m_toolbar = new QWidget;
+    m_toolbar->setObjectName(QStringLiteral("toolbar"));
+    m_toolbarItems = new QHBoxLayout(m_toolbar);
+    m_toolbarItems->setContentsMargins(8, 4, 8, 4);
+    m_toolbar->hide();
+    column->addWidget(m_toolbar);
     if (ViewController *top = topViewController())
         m_pages->addWidget(top->view());
     updateBar();
@@ -369,6 +396,7 @@ void NavigationController::updateBar()
 {
     if (!m_pages)
         return;
+    updateToolbar();
     ViewController *top = m_transition && m_transition->to ? m_transition->to.data() : topViewController();
     auto clear = [](QHBoxLayout *layout) {
         while (QLayoutItem *item = layout->takeAt(0)) {
@@ -394,23 +422,65 @@ void NavigationController::updateBar()
         m_backButton->setText(buttonText(QStringLiteral("‹ %1").arg(previous.isEmpty() ? QStringLiteral("Back") : previous)));
     }
     auto addButtons = [](QHBoxLayout *layout, const QList<BarButtonItem *> &items) {
-        for (BarButtonItem *barItem : items) {
-            auto *button = new QToolButton;
-            button->setObjectName(barItem->title());
-            button->setText(buttonText(barItem->title()));
-            button->setEnabled(barItem->isEnabled());
-            button->setAutoRaise(true);
-            if (barItem->systemItem() == BarButtonItem::SystemItem::Done) {
-                QFont font = button->font();
-                font.setBold(true);
-                button->setFont(font);
-            }
-            QObject::connect(button, &QToolButton::clicked, barItem, &BarButtonItem::trigger);
-            layout->addWidget(button);
-        }
+        for (BarButtonItem *barItem : items)
+            layout->addWidget(makeButton(barItem));
     };
     addButtons(m_leftItems, item->leftBarButtonItems());
     addButtons(m_rightItems, item->rightBarButtonItems());
+}
+
+void NavigationController::setToolbarHidden(bool hidden)
+{
+    if (hidden == m_toolbarHidden)
+        return;
+    m_toolbarHidden = hidden;
+    updateToolbar();
+}
+
+void NavigationController::updateToolbar()
+{
+    if (!m_toolbar)
+        return;
+    ViewController *top = m_transition && m_transition->to ? m_transition->to.data() : topViewController();
+    if (m_toolbarOwner != top) {
+        if (m_toolbarOwner)
+            disconnect(m_toolbarOwner, &ViewController::toolbarItemsChanged, this, &NavigationController::updateToolbar);
+        m_toolbarOwner = top;
+        if (top)
+            connect(top, &ViewController::toolbarItemsChanged, this, &NavigationController::updateToolbar);
+    }
+    const QList<BarButtonItem *> items = top ? top->toolbarItems() : QList<BarButtonItem *>();
+    QList<QWidget *> customViews;
+    for (BarButtonItem *item : items)
+        if (item->customView())
+            customViews << item->customView();
+    // Custom views belong to their items: one that stays is only moved, one that goes leaves the
+    // toolbar; the buttons made here are made again.
+    while (QLayoutItem *entry = m_toolbarItems->takeAt(0)) {
+        QWidget *widget = entry->widget();
+        delete entry;
+        if (!widget || customViews.contains(widget))
+            continue;
+        if (m_toolbarCustomViews.contains(widget)) {
+            widget->hide();
+            widget->setParent(nullptr);
+        } else {
+            delete widget;
+        }
+    }
+    m_toolbarCustomViews.clear();
+    m_toolbar->setVisible(!m_toolbarHidden && !items.isEmpty());
+    for (BarButtonItem *item : items) {
+        if (item->systemItem() == BarButtonItem::SystemItem::FlexibleSpace) {
+            m_toolbarItems->addStretch(1);
+        } else if (QWidget *custom = item->customView()) {
+            m_toolbarCustomViews << custom;
+            m_toolbarItems->addWidget(custom);
+            custom->show();
+        } else {
+            m_toolbarItems->addWidget(makeButton(item));
+        }
+    }
 }
 
 void NavigationController::viewWillAppear(bool animated)

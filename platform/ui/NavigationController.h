@@ -4,12 +4,15 @@
 // told before each change, and may answer an animated one with an animation of its own
 // (AnimatedTransitioning.h) instead of the container's slide, driven by an interaction controller
 // when the delegate gives one. A cancelled interactive transition leaves the stack as it was.
+// Below the stack, a toolbar shows the top controller's toolbar items while the toolbar is not
+// hidden (it is hidden at first) and the top controller has items.
 
 #include "AnimatedTransitioning.h"
 #include "PercentDrivenInteractiveTransition.h"
 #include "ViewController.h"
 
 #include <QList>
+#include <QPointer>
 
 #include <memory>
 
@@ -66,6 +69,11 @@ public:
     Operation lastOperation() const { return m_lastOperation; }
     bool isTransitioning() const;
 
+    bool isToolbarHidden() const { return m_toolbarHidden; }
+    void setToolbarHidden(bool hidden);
+    // The toolbar's widget, shown only while it has something to show; null before the view loads.
+    QWidget *toolbar() const { return m_toolbar; }
+
     NavigationControllerDelegate *delegate() const { return m_delegate; }
     void setDelegate(NavigationControllerDelegate *delegate) { m_delegate = delegate; }
 
@@ -86,6 +94,7 @@ private:
     void revertCancelledTransition();
     void finishTransition();
     void updateBar();
+    void updateToolbar();
     bool isOnScreen() const;
 
     QList<ViewController *> m_stack;
@@ -97,6 +106,11 @@ private:
     QLabel *m_titleLabel = nullptr;
     QHBoxLayout *m_leftItems = nullptr;
     QHBoxLayout *m_rightItems = nullptr;
+    QWidget *m_toolbar = nullptr;
+    QHBoxLayout *m_toolbarItems = nullptr;
+    bool m_toolbarHidden = true;
+    QPointer<ViewController> m_toolbarOwner;
+    QList<QPointer<QWidget>> m_toolbarCustomViews;
 
     struct Transition;
     Transition *m_transition = nullptr;

@@ -114,6 +114,17 @@ void ViewController::setTitle(const QString &title)
     Q_EMIT titleChanged();
 }
 
+void ViewController::setToolbarItems(const QList<BarButtonItem *> &items)
+{
+    for (BarButtonItem *item : m_toolbarItems)
+        if (!items.contains(item))
+            item->deleteLater();
+    for (BarButtonItem *item : items)
+        item->setParent(this);
+    m_toolbarItems = items;
+    Q_EMIT toolbarItemsChanged();
+}
+
 void ViewController::setParentViewController(ViewController *parent)
 {
     m_parentViewController = parent;

@@ -51,6 +51,10 @@ public:
     QString title() const;
     void setTitle(const QString &title);
     NavigationItem *navigationItem() { return &m_navigationItem; }
+    // What the navigation container's toolbar shows while this controller is on top (when the
+    // container shows its toolbar). The controller takes ownership of the items.
+    const QList<BarButtonItem *> &toolbarItems() const { return m_toolbarItems; }
+    void setToolbarItems(const QList<BarButtonItem *> &items);
 
     ViewController *parentViewController() const { return m_parentViewController; }
     // The nearest navigation container this controller is in (itself when it is one).
@@ -77,6 +81,7 @@ public:
 
 Q_SIGNALS:
     void titleChanged();
+    void toolbarItemsChanged();
 
 protected:
     // Makes the view; the default is an empty widget.
@@ -92,6 +97,7 @@ private:
 
     QPointer<QWidget> m_view;
     NavigationItem m_navigationItem;
+    QList<BarButtonItem *> m_toolbarItems;
     ViewController *m_parentViewController = nullptr;
     QPointer<ViewController> m_presented;
     QPointer<ViewController> m_presenting;

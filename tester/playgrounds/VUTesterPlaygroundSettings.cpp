@@ -54,21 +54,6 @@ TWModulePtr VUTesterVideoOverlayButtonSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Video Overlay Button"));
 }
 
-TWModulePtr VUTesterLatticerPlaygroundSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Latticer Playground"));
-}
-
-TWModulePtr VUTesterExploreLayoutSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Explore Layout"));
-}
-
-TWModulePtr VUTesterYearsMonthsLayoutsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Years & Months Layouts"));
-}
-
 TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));

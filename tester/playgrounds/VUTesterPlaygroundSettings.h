@@ -71,27 +71,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterLatticerPlaygroundSettings : public VUTesterChildSettings<VUTesterLatticerPlaygroundSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "latticerPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterExploreLayoutSettings : public VUTesterChildSettings<VUTesterExploreLayoutSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "exploreLayoutPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterYearsMonthsLayoutsSettings : public VUTesterChildSettings<VUTesterYearsMonthsLayoutsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "yearsMonthsLayoutsPlaygroundSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
     Q_OBJECT
 public:

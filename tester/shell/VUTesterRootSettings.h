@@ -6,6 +6,7 @@
 
 #include "diagnostics/VUTesterVistraHighlightsDiagnosticsSettings.h"
 #include "filler/VUTesterLibraryFillerSettings.h"
+#include "layouts/VUTesterLayoutGeneratorPlaygroundSettings.h"
 #include "layouts/VUTesterTilingViewSettings.h"
 #include "perf/VUTesterAnimationsSettings.h"
 #include "perf/VUTesterValueFiltersSettings.h"

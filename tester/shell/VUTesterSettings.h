@@ -26,14 +26,15 @@ public:
 };
 
 // Child settings of the root: the one instance of each class is the root's child property, and
-// the parent of every child is the root. `Derived::kRootKey` names that property.
+// the parent of every child is the root. `Derived::kRootKey` names that property. `Base` is
+// VUTesterSettings, or a settings class that several children share (with its keys and rows).
 VUTESTER_EXPORT TWSettings *VUTesterSharedRootSettings();
 VUTESTER_EXPORT TWSettings *VUTesterSharedChildSettings(const char *rootKey);
 
-template <typename Derived>
-class VUTesterChildSettings : public VUTesterSettings {
+template <typename Derived, typename Base = VUTesterSettings>
+class VUTesterChildSettings : public Base {
 public:
-    using VUTesterSettings::VUTesterSettings;
+    using Base::Base;
 
     static Derived *sharedInstance()
     {

@@ -222,7 +222,11 @@ TEST_F(TreeFixture, EveryRowBoundsItsKeyAndDefaultsAndPresetsAreWithinTheRows)
                     for (QVariant value : choice->values())
                         EXPECT_TRUE(settings->validateValue(&value, row->valueKeyPath())) << where << " " << value.toString().toStdString();
                     inside = choice->values().first();
-                    outside = -1;
+                    // A number past every value offered (-1 is a value of some rows).
+                    double largest = -1;
+                    for (const QVariant &value : choice->values())
+                        largest = std::max(largest, value.toDouble());
+                    outside = largest + 1;
                 } else if (auto *slider = dynamic_cast<const TWSliderRow *>(row.get())) {
                     inside = slider->maximum();
                     outside = slider->maximum() + 1;
