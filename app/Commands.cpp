@@ -14,6 +14,8 @@ int runPhotoCommand(const QStringList &arguments);
 int runMovieCommand(const QStringList &arguments);
 int runLibraryCommand(const QStringList &arguments);
 int runLayoutCommand(const QStringList &arguments);
+int runReviewCommand(const QStringList &arguments);
+int runPerfCommand(const QStringList &arguments);
 int runShotCommand(const QStringList &arguments);
 
 static const Command kCommands[] = {
@@ -24,8 +26,10 @@ static const Command kCommands[] = {
     {"photo", "write one test photo as a JPEG with date, location and pairing metadata", runPhotoCommand},
     {"movie", "make the default test movie (cached by its parameters) and print its path", runMovieCommand},
     {"layout", "print the geometries a layouts playground generator makes of N items", runLayoutCommand},
+    {"review", "the Storylet fonts review: graph strings, snapshots and recordings (see review --help)", runReviewCommand},
     {"library", "inspect the photo library, import into it and verify it (see library --help)", runLibraryCommand},
     {"shot", "picture a screen, reached by row titles from the root, as a PNG", runShotCommand},
+    {"perf", "list the performance tests, or run one headless and print its frame statistics", runPerfCommand},
 };
 
 const Command *commands(int *count)

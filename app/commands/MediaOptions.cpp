@@ -56,7 +56,7 @@ bool checkOutputSuffix(const QString &path, const QStringList &suffixes, QString
     return false;
 }
 
-int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments)
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments, int maxPositional)
 {
     const QString name = QString::fromLatin1(command);
     if (!parser.parse(QStringList{name} + arguments))
@@ -67,8 +67,8 @@ int parseCommandArguments(QCommandLineParser &parser, const char *command, const
         QTextStream(stdout) << parser.helpText().replace(program, QStringLiteral("Usage: vistra-tester ") + name);
         return ExitOk;
     }
-    if (!parser.positionalArguments().isEmpty())
-        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().first()));
+    if (parser.positionalArguments().size() > maxPositional)
+        return usageError(command, QStringLiteral("unexpected argument '%1'").arg(parser.positionalArguments().value(maxPositional)));
     return -1;
 }
 

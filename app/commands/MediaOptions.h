@@ -31,8 +31,9 @@ bool parseNumberOption(const QString &option, const QString &text, const NumberR
 // without regard to case: the suffix is what other programs go by.
 bool checkOutputSuffix(const QString &path, const QStringList &suffixes, QString *message);
 
-// Parses the command's arguments; prints the help when asked. Returns -1 to go on, or the exit
-// status to end with (help shown, or a usage error reported).
-int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments);
+// Parses the command's arguments, of which at most `maxPositional` may be plain words; prints the
+// help when asked. Returns -1 to go on, or the exit status to end with (help shown, or a usage
+// error reported).
+int parseCommandArguments(QCommandLineParser &parser, const char *command, const QStringList &arguments, int maxPositional = 0);
 
 } // namespace app

@@ -1,11 +1,13 @@
 #include "StyledText.h"
 
 #include <QFile>
-#include <QGlyphRun>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QPainter>
-#include <QRawFont>
+#include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <mutex>
 
 static void initFontResources()
@@ -16,70 +18,102 @@ static void initFontResources()
 namespace graphics {
 namespace {
 
-const QByteArray &fontData()
+// Registers the bundled font with the font database once; its family then heads every run's
+// family list, and the machine's fonts stand behind it for characters it lacks.
+const QString &fontFamily()
 {
     static std::once_flag once;
-    static QByteArray data;
+    static QString family;
     std::call_once(once, [] {
         initFontResources();
         QFile file(QStringLiteral(":/fonts/DejaVuSans.ttf"));
         if (!file.open(QIODevice::ReadOnly))
             qFatal("graphics: the bundled font is missing from the resources");
-        data = file.readAll();
+        const int id = QFontDatabase::addApplicationFontFromData(file.readAll());
+        const QStringList families = QFontDatabase::applicationFontFamilies(id);
+        if (families.isEmpty())
+            qFatal("graphics: the bundled font could not be loaded");
+        family = families.first();
     });
-    return data;
+    return family;
 }
 
-// QRawFont is not shared between threads; each drawing thread keeps its own.
-QRawFont &rawFont(double pixelSize)
+// The resolution fonts are laid out at: a point size becomes this many pixels per inch.
+double fontResolution()
 {
-    thread_local QRawFont font(fontData(), 12.0, QFont::PreferNoHinting);
-    if (font.pixelSize() != pixelSize)
-        font.setPixelSize(pixelSize);
+    static const double dpi = [] {
+        QFont probe(fontFamily());
+        probe.setPointSizeF(72.0);
+        return double(QFontInfo(probe).pixelSize());
+    }();
+    return dpi;
+}
+
+QFont runFont(const TextAttributes &attributes)
+{
+    QFont font(fontFamily());
+    const double pixels = std::max(1.0, attributes.fontSize);
+    // Whole pixel sizes exactly; a fraction goes through the point size, which QFont keeps fractional.
+    if (pixels == std::floor(pixels))
+        font.setPixelSize(int(pixels));
+    else
+        font.setPointSizeF(pixels * 72.0 / fontResolution());
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::PreferAntialias);
     return font;
 }
 
-struct PlacedRun {
-    const TextRun *run;
-    QString text;
-    QList<quint32> glyphs;
-    QList<QPointF> advances;
-    double width = 0;
-    double ascent = 0;
-    double descent = 0;
-};
-
-struct Line {
-    std::vector<PlacedRun> runs;
-    double width = 0;
-    double ascent = 0;
-    double descent = 0;
-    double height() const { return ascent + descent; }
-};
-
-std::vector<Line> layOut(const std::vector<TextRun> &runs)
-{
-    std::vector<Line> lines(1);
-    for (const TextRun &run : runs) {
-        const QStringList pieces = run.text.split(QLatin1Char('\n'));
-        for (qsizetype i = 0; i < pieces.size(); ++i) {
-            if (i > 0)
-                lines.emplace_back();
-            const double size = std::max(1.0, run.attributes.fontSize);
-            QRawFont &font = rawFont(size);
-            PlacedRun placed{&run, pieces[i], font.glyphIndexesForString(pieces[i]), {}, 0, font.ascent(), font.descent()};
-            placed.advances = font.advancesForGlyphIndexes(placed.glyphs, QRawFont::KernedAdvances);
-            for (const QPointF &advance : placed.advances)
-                placed.width += advance.x();
-            Line &line = lines.back();
-            line.width += placed.width;
-            line.ascent = std::max(line.ascent, placed.ascent);
-            line.descent = std::max(line.descent, placed.descent);
-            line.runs.push_back(std::move(placed));
+// The whole text laid out by Qt's text engine (shaping, bidi, fallback), one line per '\n' and no
+// wrapping: the runs become format ranges over one paragraph.
+class Layout {
+public:
+    explicit Layout(const std::vector<TextRun> &runs)
+    {
+        QString text;
+        QList<QTextLayout::FormatRange> formats;
+        for (const TextRun &run : runs) {
+            QTextLayout::FormatRange range;
+            range.start = int(text.size());
+            range.length = int(run.text.size());
+            range.format.setFont(runFont(run.attributes));
+            range.format.setForeground(run.attributes.foregroundColor.toQColor());
+            if (run.attributes.backgroundColor.isValid())
+                range.format.setBackground(run.attributes.backgroundColor.toQColor());
+            formats.append(range);
+            text += run.text;
         }
+        // A line separator keeps the text one paragraph, so bidi and formats span the breaks.
+        text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+        m_layout.setText(text);
+        m_layout.setFont(runs.empty() ? QFont(fontFamily()) : runFont(runs.front().attributes));
+        m_layout.setFormats(formats);
+        QTextOption option;
+        option.setWrapMode(QTextOption::NoWrap);
+        option.setUseDesignMetrics(true);
+        m_layout.setTextOption(option);
+        m_layout.setCacheEnabled(true);
+        m_layout.beginLayout();
+        double y = 0;
+        for (QTextLine line = m_layout.createLine(); line.isValid(); line = m_layout.createLine()) {
+            line.setLineWidth(kUnboundedWidth);
+            line.setPosition(QPointF(0, y));
+            // Unrounded (height() rounds up), so sizes scale with the font.
+            y += line.ascent() + line.descent();
+            m_size.setWidth(std::max(m_size.width(), line.naturalTextWidth()));
+        }
+        m_layout.endLayout();
+        m_size.setHeight(y);
     }
-    return lines;
-}
+
+    QSizeF size() const { return m_size; }
+    void draw(QPainter &painter, QPointF origin) const { m_layout.draw(&painter, origin); }
+
+private:
+    // Wide enough that no line ever wraps; the engine's own "unbounded" for unwrapped text.
+    static constexpr double kUnboundedWidth = 0x01000000;
+    QTextLayout m_layout;
+    QSizeF m_size{0, 0};
+};
 
 } // namespace
 
@@ -108,48 +142,21 @@ bool StyledText::isEmpty() const
 
 QSizeF StyledText::size() const
 {
-    QSizeF size(0, 0);
     if (m_runs.empty())
-        return size;
-    for (const Line &line : layOut(m_runs)) {
-        size.setWidth(std::max(size.width(), line.width));
-        size.setHeight(size.height() + line.height());
-    }
-    return size;
+        return QSizeF(0, 0);
+    return Layout(m_runs).size();
 }
 
 void StyledText::draw(QPainter &painter, QPointF origin) const
 {
-    double top = origin.y();
-    for (const Line &line : layOut(m_runs)) {
-        double x = origin.x();
-        const double baseline = top + line.ascent;
-        for (const PlacedRun &placed : line.runs) {
-            const TextAttributes &attributes = placed.run->attributes;
-            if (attributes.backgroundColor.isValid())
-                painter.fillRect(QRectF(x, top, placed.width, line.height()), attributes.backgroundColor.toQColor());
-            QList<QPointF> positions;
-            positions.reserve(placed.advances.size());
-            double pen = 0;
-            for (const QPointF &advance : placed.advances) {
-                positions.append(QPointF(pen, 0));
-                pen += advance.x();
-            }
-            QGlyphRun glyphRun;
-            glyphRun.setRawFont(rawFont(std::max(1.0, attributes.fontSize)));
-            glyphRun.setGlyphIndexes(placed.glyphs);
-            glyphRun.setPositions(positions);
-            painter.setPen(attributes.foregroundColor.toQColor());
-            painter.drawGlyphRun(QPointF(x, baseline), glyphRun);
-            x += placed.width;
-        }
-        top += line.height();
-    }
+    if (m_runs.empty())
+        return;
+    Layout(m_runs).draw(painter, origin);
 }
 
 QString bundledFontFamily()
 {
-    return rawFont(12.0).familyName();
+    return fontFamily();
 }
 
 } // namespace graphics

@@ -34,6 +34,11 @@ public:
     double promotionScore() const { return m_record->promotionScore; }
     const std::shared_ptr<VHPhotoLibrary> &photoLibrary() const { return m_library; }
 
+    // The font family that titles of curated stories of a title category (1 to 6: best-of, people,
+    // places, trips, dates, generic) are set in; empty for other categories. The families come
+    // from the fonts the application installs and cover many scripts.
+    static QString titleFontNameForTitleCategory(int category);
+
     static VHFetchResult<VHAssetCollection> fetchAssetCollectionsWithType(VHAssetCollectionType type, int subtype,
                                                                           const VHFetchOptions &options);
 

@@ -9,8 +9,9 @@
 namespace ui {
 
 TransitionContext::TransitionContext(QWidget *containerView, ViewController *from, ViewController *to, NavigationOperation operation,
-                                     Completion onComplete, QObject *parent)
-    : QObject(parent), m_container(containerView), m_from(from), m_to(to), m_operation(operation), m_onComplete(std::move(onComplete))
+                                     const QString &description, Completion onComplete, QObject *parent)
+    : QObject(parent), m_container(containerView), m_from(from), m_to(to), m_operation(operation), m_onComplete(std::move(onComplete)),
+      m_pending(description)
 {
 }
 
@@ -88,10 +89,10 @@ void TransitionContext::runTimeline(double target)
         return;
     }
     m_startTime = DisplayLink::currentTime();
-    m_running = PendingWork(QStringLiteral("navigation transition"));
     m_link = new DisplayLink([this, duration](DisplayLink &link) {
         const double t = std::clamp((link.timestamp() - m_startTime) / duration, 0.0, 1.0);
-        if (t >= 1)
+        // Frame times are sums of intervals: the frame due at the end may come a hair short of it.
+        if (t >= 1 - 1e-9)
             finishAnimations();
         else
             applyProgress(m_runFrom + (m_runTo - m_runFrom) * t);
@@ -113,7 +114,6 @@ void TransitionContext::finishAnimations()
     m_finished = true;
     if (m_link)
         m_link->invalidate();
-    m_running.end();
     applyProgress(m_cancelled ? 0 : 1);
     // Taken first: a completion may finish the transition, and with it this context.
     const std::vector<Completion> completions = std::move(m_completions);
@@ -127,6 +127,7 @@ void TransitionContext::completeTransition()
     if (m_complete)
         return;
     m_complete = true;
+    m_pending.end();
     if (m_link)
         m_link->invalidate();
     if (m_onComplete)

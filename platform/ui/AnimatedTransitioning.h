@@ -9,7 +9,7 @@
 // step per display frame (so DisplayLink::ManualStepping steps them), then runs the completions
 // the animation controller added; one of those calls completeTransition, which returns the views
 // to the navigation controller's pages. Since animations depend on progress alone, anything that
-// moves the timeline moves them alike.
+// moves the timeline moves them alike. The container's own slide is such an animation controller.
 //
 // An interactive transition (PercentDrivenInteractiveTransition) moves the timeline by hand
 // instead: from the finger's progress, then on to the end when finished or back to the start
@@ -54,8 +54,9 @@ public:
     using Animation = std::function<void(double progress)>;
     using Completion = std::function<void()>;
 
+    // The transition is pending work (Settle.h), under `description`, until it completes.
     TransitionContext(QWidget *containerView, ViewController *from, ViewController *to, NavigationOperation operation,
-                      Completion onComplete, QObject *parent = nullptr);
+                      const QString &description, Completion onComplete, QObject *parent = nullptr);
     ~TransitionContext() override;
 
     QWidget *containerView() const { return m_container; }
@@ -101,11 +102,10 @@ private:
     QPointer<ViewController> m_from, m_to;
     NavigationOperation m_operation;
     Completion m_onComplete;
+    PendingWork m_pending;
     std::vector<Track> m_tracks;
     std::vector<Completion> m_completions;
     DisplayLink *m_link = nullptr;
-    // While the timeline runs, the screen is not settled.
-    PendingWork m_running;
     double m_startTime = 0;
     double m_duration = 0;
     double m_fraction = 0;

@@ -321,6 +321,11 @@ double DisplayLink::currentTime()
     return g_manual ? g_manualTime : monotonicSeconds();
 }
 
+double DisplayLink::monotonicTime()
+{
+    return monotonicSeconds();
+}
+
 void DisplayLink::addFrameObserver(FrameObserver *observer)
 {
     if (std::find(g_observers.begin(), g_observers.end(), observer) == g_observers.end())

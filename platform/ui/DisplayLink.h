@@ -59,6 +59,8 @@ public:
     // The clock frames are stamped with: monotonic seconds, or the stepped clock while a
     // ManualStepping object lives.
     static double currentTime();
+    // Monotonic seconds, stepping or not: how long work really took.
+    static double monotonicTime();
 
     static void setPacing(Pacing pacing);
     static Pacing pacing();

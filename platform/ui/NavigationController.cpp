@@ -2,7 +2,6 @@
 
 #include "BarButtonItem.h"
 #include "ButtonText.h"
-#include "Settle.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,7 +10,6 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QVariantAnimation>
 
 namespace ui {
 namespace {
@@ -33,6 +31,31 @@ QToolButton *makeButton(BarButtonItem *item)
     return button;
 }
 
+// The container's own transition: the incoming screen slides in from the right over the outgoing
+// one, which drifts a third of the way left; a pop plays it backwards.
+class SlideTransition : public AnimatedTransitioning {
+public:
+    double transitionDuration(const TransitionContext &) const override { return ViewController::transitionDuration() / 1000.0; }
+    void animateTransition(TransitionContext &context) override
+    {
+        QPointer<QWidget> from = context.viewForKey(TransitionContext::Key::From);
+        QPointer<QWidget> to = context.viewForKey(TransitionContext::Key::To);
+        const int width = context.containerView()->width();
+        const bool push = context.operation() != NavigationOperation::Pop;
+        context.addAnimations([from, to, width, push](double p) {
+            // Pushing, the incoming screen covers; popping, the outgoing one uncovers.
+            const double covering = push ? 1 - p : p;
+            QWidget *top = push ? to : from;
+            QWidget *below = push ? from : to;
+            if (top)
+                top->move(int(width * covering), 0);
+            if (below)
+                below->move(int(-0.3 * width * (1 - covering)), 0);
+        }, QEasingCurve::OutCubic);
+        context.addCompletion([&context] { context.completeTransition(); });
+    }
+};
+
 } // namespace
 
 struct NavigationController::Transition {
@@ -42,9 +65,7 @@ struct NavigationController::Transition {
     bool animated = false;
     bool onScreen = false;
     QList<QPointer<ViewController>> removed;
-    QVariantAnimation *animation = nullptr;
-    QLabel *snapshot = nullptr;
-    // A delegate's animation: its controller, its context and the container of both views.
+    // An animated transition's controller, its context and the container of both views.
     std::shared_ptr<AnimatedTransitioning> animator;
     TransitionContext *context = nullptr;
     QWidget *container = nullptr;
@@ -213,50 +234,13 @@ void NavigationController::transition(ViewController *from, ViewController *to, 
         finishTransition();
         return;
     }
-    if (m_delegate) {
-        if (auto animator = m_delegate->animationControllerForOperation(this, operation, from, to)) {
-            startCustomTransition(std::move(animator));
-            return;
-        }
-    }
-
-    // The outgoing page is shown as a picture so both pages can move while the stack shows one.
-    const int width = m_pages->width();
-    t->snapshot = new QLabel(m_pages);
-    t->snapshot->setPixmap(from->view()->grab());
-    t->snapshot->setGeometry(m_pages->rect());
-    m_pages->setCurrentWidget(to->view());
-    QWidget *incoming = to->view();
-    incoming->setGeometry(m_pages->rect());
-    if (operation == Operation::Pop)
-        t->snapshot->raise();
-    else
-        incoming->raise();
-    t->snapshot->show();
-    updateBar();
-
-    t->animation = new QVariantAnimation(this);
-    t->animation->setDuration(transitionDuration());
-    t->animation->setStartValue(0.0);
-    t->animation->setEndValue(1.0);
-    t->animation->setEasingCurve(QEasingCurve::OutCubic);
-    const bool push = operation == Operation::Push;
-    connect(t->animation, &QVariantAnimation::valueChanged, this, [t, width, push, incoming](const QVariant &value) {
-        const double p = value.toDouble();
-        if (push) {
-            incoming->move(int(width * (1 - p)), 0);
-            t->snapshot->move(int(-0.3 * width * p), 0);
-        } else {
-            incoming->move(int(-0.3 * width * (1 - p)), 0);
-            t->snapshot->move(int(width * p), 0);
-        }
-    });
-    connect(t->animation, &QVariantAnimation::finished, this, &NavigationController::finishTransition);
-    Settle::track(t->animation, push ? QStringLiteral("push of \"%1\"").arg(to->title()) : QStringLiteral("pop to \"%1\"").arg(to->title()));
-    t->animation->start();
+    std::shared_ptr<AnimatedTransitioning> animator;
+    if (m_delegate)
+        animator = m_delegate->animationControllerForOperation(this, operation, from, to);
+    startAnimatedTransition(animator ? std::move(animator) : std::make_shared<SlideTransition>());
 }
 
-void NavigationController::startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator)
+void NavigationController::startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator)
 {
     Transition *t = m_transition;
     t->animator = std::move(animator);
@@ -274,7 +258,9 @@ void NavigationController::startCustomTransition(std::shared_ptr<AnimatedTransit
     t->container->raise();
     updateBar();
 
-    t->context = new TransitionContext(t->container, t->from, t->to, t->operation, [this, t] {
+    const QString description = t->operation == Operation::Pop ? QStringLiteral("pop to \"%1\"").arg(t->to->title())
+                                                               : QStringLiteral("push of \"%1\"").arg(t->to->title());
+    t->context = new TransitionContext(t->container, t->from, t->to, t->operation, description, [this, t] {
         if (m_transition == t)
             finishTransition();
     }, this);
@@ -344,12 +330,6 @@ void NavigationController::finishTransition()
         revertCancelledTransition();
     returnTransitionViews();
     m_transition = nullptr;
-    if (t->animation) {
-        t->animation->disconnect(this);
-        t->animation->stop();
-        t->animation->deleteLater();
-    }
-    delete t->snapshot;
     if (isViewLoaded()) {
         if (t->to)
             m_pages->setCurrentWidget(t->to->view());

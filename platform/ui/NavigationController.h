@@ -2,10 +2,11 @@
 // A navigation container: a stack of view controllers under a bar with a back button, the top
 // controller's title and its bar button items. Pushes and pops may be animated; the delegate is
 // told before each change, and may answer an animated one with an animation of its own
-// (AnimatedTransitioning.h) instead of the container's slide, driven by an interaction controller
-// when the delegate gives one. A cancelled interactive transition leaves the stack as it was.
-// Below the stack, a toolbar shows the top controller's toolbar items while the toolbar is not
-// hidden (it is hidden at first) and the top controller has items.
+// (AnimatedTransitioning.h) instead of the container's slide; either runs on the display's frame
+// timer, so DisplayLink::ManualStepping steps it. Below the stack, a toolbar shows the top
+// controller's toolbar items while the toolbar is not hidden (it is hidden at first) and the top
+// controller has items. An interaction controller from the delegate drives an animation by hand;
+// a cancelled interactive transition leaves the stack as it was.
 
 #include "AnimatedTransitioning.h"
 #include "PercentDrivenInteractiveTransition.h"
@@ -20,7 +21,6 @@ class QLabel;
 class QHBoxLayout;
 class QStackedWidget;
 class QToolButton;
-class QVariantAnimation;
 
 namespace ui {
 
@@ -89,7 +89,7 @@ protected:
 
 private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
-    void startCustomTransition(std::shared_ptr<AnimatedTransitioning> animator);
+    void startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator);
     void returnTransitionViews();
     void revertCancelledTransition();
     void finishTransition();

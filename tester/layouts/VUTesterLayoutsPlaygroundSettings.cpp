@@ -1,17 +1,5 @@
 #include "layouts/VUTesterLayoutsPlaygroundSettings.h"
 
-namespace {
-
-QVariantList integers(std::initializer_list<qint64> values)
-{
-    QVariantList list;
-    for (qint64 value : values)
-        list << QVariant::fromValue(value);
-    return list;
-}
-
-} // namespace
-
 VUTesterLayoutsPlaygroundSettings::VUTesterLayoutsPlaygroundSettings()
 {
     declareKey(QStringLiteral("referenceWidth"), Kind::Double);
@@ -60,20 +48,20 @@ TWSection VUTesterLayoutsPlaygroundSettings::playgroundSettingsSection()
     auto aspectRatio = TWSliderRow::rowWithTitle(QStringLiteral("Aspect Ratio"), QStringLiteral("referenceAspectRatio"));
     aspectRatio->minValue(0.5, 2.0);
     auto items = TWChoiceRow::rowWithTitle(QStringLiteral("Up to Items"), QStringLiteral("maximumNumberOfItems"));
-    items->vu_possibleValues(integers({12, 20, 30, 40, 50, 60, 70, 80, 90, 100}));
+    items->vu_possibleValues(VUTesterIntegerValues({12, 20, 30, 40, 50, 60, 70, 80, 90, 100}));
     auto total = TWChoiceRow::rowWithTitle(QStringLiteral("Max Total"), QStringLiteral("maximumTotalNumberOfItems"));
-    total->vu_possibleValues(integers({200, 500, 1000, 2000, 3000, 4000, 5000}));
+    total->vu_possibleValues(VUTesterIntegerValues({200, 500, 1000, 2000, 3000, 4000, 5000}));
     auto key = TWChoiceRow::rowWithTitle(QStringLiteral("Key Item"), QStringLiteral("keyItemIndex"));
-    key->vu_possibleValues(integers({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
+    key->vu_possibleValues(VUTesterIntegerValues({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}));
     auto weights = TWChoiceRow::rowWithTitle(QStringLiteral("Weights"), QStringLiteral("itemWeightsOrdering"));
-    weights->possibleValues(integers({-1, 0, 1}), {QStringLiteral("Increasing"), QStringLiteral("Constant"), QStringLiteral("Decreasing")});
+    weights->possibleValues(VUTesterIntegerValues({-1, 0, 1}), {QStringLiteral("Increasing"), QStringLiteral("Constant"), QStringLiteral("Decreasing")});
     auto color = TWChoiceRow::rowWithTitle(QStringLiteral("Color"), QStringLiteral("colorScheme"));
-    color->possibleValues(integers({ColorNone, ColorByIndex, ColorByKind, ColorByWeight}),
+    color->possibleValues(VUTesterIntegerValues({ColorNone, ColorByIndex, ColorByKind, ColorByWeight}),
                           {QStringLiteral("None"), QStringLiteral("Index"), QStringLiteral("Kind"), QStringLiteral("Weight")});
     auto input = TWChoiceRow::rowWithTitle(QStringLiteral("Input"), QStringLiteral("defaultInputKind"));
-    input->possibleValues(integers({Squares, Portraits, Landscapes, Panos, VerticalPanos}), itemKindTitles());
+    input->possibleValues(VUTesterIntegerValues({Squares, Portraits, Landscapes, Panos, VerticalPanos}), itemKindTitles());
     auto tap = TWChoiceRow::rowWithTitle(QStringLiteral("Tap Behavior"), QStringLiteral("tapBehavior"));
-    tap->possibleValues(integers({TapNone, TapTogglePanos, TapRotate, TapCycleNonPanos, TapCycleThrough, TapChangeWeight, TapIncreaseWeight,
+    tap->possibleValues(VUTesterIntegerValues({TapNone, TapTogglePanos, TapRotate, TapCycleNonPanos, TapCycleThrough, TapChangeWeight, TapIncreaseWeight,
                                   TapDecreaseWeight}),
                         {QStringLiteral("None"), QStringLiteral("Toggle Panos"), QStringLiteral("Rotate"), QStringLiteral("Cycle Non Panos"),
                          QStringLiteral("Cycle Through"), QStringLiteral("Change Weight"), QStringLiteral("Increase Weight"),

@@ -1,5 +1,8 @@
 #include "perf/VUTesterAnimationsSettings.h"
 
+#include "perf/playgrounds/VUTesterAlongsideLayerAnimationsPlaygroundViewController.h"
+#include "perf/playgrounds/VUTesterInitialVelocitiesPlaygroundViewController.h"
+
 VUTesterAnimationsSettings::VUTesterAnimationsSettings()
 {
     declareKey(QStringLiteral("duration"), Kind::Double);
@@ -25,8 +28,10 @@ TWModulePtr VUTesterAnimationsSettings::settingsControllerModule()
         return row;
     };
     return TWModule::moduleWithTitle(QStringLiteral("Animations"), {
-        TWSection::sectionWithRows({playgroundRow(QStringLiteral("Test Initial Velocities")),
-                                    playgroundRow(QStringLiteral("Test Alongside Layer Animations"))}),
+        TWSection::sectionWithRows({playgroundRow(QStringLiteral("Test Initial Velocities"),
+                                                  [] { return new VUTesterInitialVelocitiesPlaygroundViewController; }),
+                                    playgroundRow(QStringLiteral("Test Alongside Layer Animations"),
+                                                  [] { return new VUTesterAlongsideLayerAnimationsPlaygroundViewController; })}),
         TWSection::sectionWithRows({slider("Duration", "duration", 0, 10, 0.1),
                                     slider("Delay", "delay", 0, 1, 0),
                                     slider("Spring Damping Ratio", "springDampingRatio", 0, 1, 0.05),

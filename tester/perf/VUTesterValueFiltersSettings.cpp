@@ -1,5 +1,7 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 
+#include "perf/playgrounds/VUTesterVelocityFilterPlaygroundViewController.h"
+
 VUTesterValueFiltersSettings::VUTesterValueFiltersSettings()
 {
     declareKey(QStringLiteral("updateSchedule"), Kind::Int64);
@@ -22,7 +24,8 @@ TWModulePtr VUTesterValueFiltersSettings::settingsControllerModule()
     // Titled "Animations" although the root row says "Value Filters": the screen belongs to the
     // animation playground family.
     return TWModule::moduleWithTitle(QStringLiteral("Animations"), {
-        TWSection::sectionWithRows({playgroundRow(QStringLiteral("Test Velocity Filter"))}),
+        TWSection::sectionWithRows({playgroundRow(QStringLiteral("Test Velocity Filter"),
+                                                  [] { return new VUTesterVelocityFilterPlaygroundViewController(sharedInstance()); })}),
         TWSection::sectionWithRows({update,
                                     TWSwitchRow::rowWithTitle(QStringLiteral("Horizontal Velocity"), QStringLiteral("computeHorizontalVelocity")),
                                     TWSwitchRow::rowWithTitle(QStringLiteral("Vertical Velocity"), QStringLiteral("computeVerticalVelocity"))},

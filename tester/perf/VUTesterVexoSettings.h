@@ -1,6 +1,6 @@
 #pragma once
-// The performance harness's screen: the baseline environments and every test the application
-// defines, listed as defined or sorted by name.
+// The performance harness's screen: two baselines to open by hand, and every test the application
+// defines, listed in its order or sorted by name; a test row runs its test through the harness.
 
 #include "shell/VUTesterSettings.h"
 
@@ -16,10 +16,6 @@ public:
 
     bool sortAlphabetically() const { return boolValue(QStringLiteral("sortAlphabetically")); }
     void setSortAlphabetically(bool sort) { setValue(QStringLiteral("sortAlphabetically"), sort); }
-
-    // The application's test definitions (each with at least "testName"), in its order.
-    static void setTestDefinitions(const QList<QVariantMap> &definitions);
-    static QList<QVariantMap> testDefinitions();
 
 private:
     static TWSection _sectionForTestsWithDefinitions(const QList<QVariantMap> &definitions, const QString &conditionFormat);

@@ -1,6 +1,8 @@
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
-#include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "review/VUTesterStoryletsFontsReviewViewController.h"
+#include "review/VUTesterStoryletsFontsSettingParameters.h"
+#include "ui/NavigationController.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -22,28 +24,31 @@ VUTesterStoryletsRelatedSettings::VUTesterStoryletsRelatedSettings()
 void VUTesterStoryletsRelatedSettings::setDefaultValues()
 {
     VUTesterSettings::setDefaultValues();
-    setValue(QStringLiteral("titleFontName"), QStringLiteral("10. Neutral Fonts"));
-    setValue(QStringLiteral("titleText"), QStringLiteral("This weqk\nin history"));
-    setValue(QStringLiteral("subtitleText"), QStringLiteral("Minneapolis, MN"));
-    setValue(QStringLiteral("tileKind"), QStringLiteral("10. All"));
-    setValue(QStringLiteral("formFactor"), 0);
-    setValue(QStringLiteral("orientation"), 1);
+    for (const auto &parameter : VUTesterStoryletsFontsSettingParameters()) {
+        parameter->setSettings(this);
+        parameter->setDefaultValues();
+    }
     setBackgroundWhite(0.9);
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    setCapturedDataFolder(QDir(documents.isEmpty() ? QDir::homePath() : documents).filePath(QStringLiteral("VistraUITester Captures")));
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    setCapturedDataFolder(QDir(pictures.isEmpty() ? QDir::homePath() : pictures).filePath(QStringLiteral("VistraUITester Captures")));
 }
 
 TWModulePtr VUTesterStoryletsRelatedSettings::settingsControllerModule()
 {
+    auto review = TWButtonRow::vu_rowWithTitle(QStringLiteral("Fonts Review"), [](ui::ViewController *settingsScreen) {
+        if (settingsScreen)
+            settingsScreen->presentViewController(new ui::NavigationController(new VUTesterStoryletsFontsReviewViewController), true);
+    });
+    std::vector<TWRowPtr> rows{review};
+    for (const auto &parameter : VUTesterStoryletsFontsSettingParameters())
+        for (TWRowPtr &row : parameter->rows())
+            rows.push_back(std::move(row));
     auto white = TWSliderRow::rowWithTitle(QStringLiteral("Placeholder White"), QStringLiteral("backgroundWhite"));
     white->minValue(0, 1)->vu_increment(0.05);
+    rows.push_back(white);
     auto folder = TWEditStringRow::rowWithTitle(QStringLiteral("Captured Data Folder"), QStringLiteral("capturedDataFolder"));
     folder->setRequiresText(true);
-    return VUTesterPlaygroundModule(QStringLiteral("Storylets & Related"), {
-        TWSection::sectionWithRows({TWEditStringRow::rowWithTitle(QStringLiteral("Title"), QStringLiteral("titleText")),
-                                    TWEditStringRow::rowWithTitle(QStringLiteral("Subtitle"), QStringLiteral("subtitleText")),
-                                    white,
-                                    folder},
-                                   QStringLiteral("Fonts Review")),
-    });
+    rows.push_back(folder);
+    return TWModule::moduleWithTitle(QStringLiteral("Storylets & Related"),
+                                     {TWSection::sectionWithRows(std::move(rows), QStringLiteral("Fonts Review")), restoreDefaultsSection()});
 }

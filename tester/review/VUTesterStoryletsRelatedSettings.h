@@ -1,6 +1,7 @@
 #pragma once
 // Options of the Storylet title review: the six title dimensions (each a single value or a group
-// label standing for a whole group), the placeholder grey and where recordings go.
+// label standing for a whole group, see VUTesterStoryletsFontsSettingParameters), the placeholder
+// grey and where snapshots and recordings go (a folder under the user's pictures at first).
 
 #include "shell/VUTesterSettings.h"
 

@@ -28,6 +28,14 @@ TWSection VUTesterSettings::restoreDefaultsSection(const QString &title)
     return TWSection::sectionWithRows({TWButtonRow::rowWithTitle(title, TWRestoreDefaultSettingsRowAction::actionWithSettingsKeyPath())});
 }
 
+QVariantList VUTesterIntegerValues(std::initializer_list<qint64> values)
+{
+    QVariantList list;
+    for (qint64 value : values)
+        list << QVariant::fromValue(value);
+    return list;
+}
+
 TWRowPtr VUTesterSettings::playgroundRow(const QString &title, std::function<ui::ViewController *()> creator)
 {
     // Without a playground the row has no action, so the screen shows it as inert.

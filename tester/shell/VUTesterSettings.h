@@ -25,6 +25,9 @@ public:
     static TWRowPtr playgroundRow(const QString &title, std::function<ui::ViewController *()> creator = {});
 };
 
+// Whole numbers as a choice row's values, stored as 64-bit integers like the keys they go into.
+VUTESTER_EXPORT QVariantList VUTesterIntegerValues(std::initializer_list<qint64> values);
+
 // Child settings of the root: the one instance of each class is the root's child property, and
 // the parent of every child is the root. `Derived::kRootKey` names that property. `Base` is
 // VUTesterSettings, or a settings class that several children share (with its keys and rows).

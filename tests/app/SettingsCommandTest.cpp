@@ -150,7 +150,7 @@ TEST_F(CliFixture, ALocationSetFromTheCommandLineShowsAsSetOnTheScreen)
 
 TEST_F(CliFixture, TextKeysStoreTextEvenWhenItLooksLikeANumber)
 {
-    const char *const keys[] = {"storyletsRelatedSettings.subtitleText", "storyletsRelatedSettings.titleText", "storyletsRelatedSettings.titleFontName"};
+    const char *const keys[] = {"storyletsRelatedSettings.subtitleText", "storyletsRelatedSettings.titleText", "storyletsRelatedSettings.capturedDataFolder"};
     for (const char *key : keys)
         ASSERT_EQ(run({QStringLiteral("settings"), QStringLiteral("set"), QString::fromLatin1(key), QStringLiteral("2016")}).status, 0) << key;
     const QJsonObject stored = QJsonDocument::fromJson(archive()).object();

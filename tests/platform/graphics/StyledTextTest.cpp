@@ -52,3 +52,34 @@ TEST(StyledText, DrawsInsideItsNaturalBoxOnly)
     EXPECT_GT(inked, 100);
     EXPECT_TRUE(sawRed);
 }
+
+namespace {
+
+QImage drawn(const StyledText &text)
+{
+    const QSizeF size = text.size();
+    Canvas canvas(QSizeF(std::ceil(size.width()) + 4, std::ceil(size.height()) + 4));
+    canvas.drawText(text, QPointF(2, 2));
+    return canvas.makeImage()->pixels();
+}
+
+} // namespace
+
+// Text is shaped and falls back to the machine's fonts: glyphs are never looked up one by one in
+// the bundled face alone.
+TEST(StyledText, ShapesJoiningScriptsAndFallsBackForMissingCharacters)
+{
+    const TextAttributes attributes{40.0, Color::black(), {}};
+    // Lam and alef join into one ligature, narrower than the two letters standing alone.
+    const double joined = StyledText(QStringLiteral("\u0644\u0627"), attributes).size().width();
+    const double apart = StyledText(QStringLiteral("\u0644"), attributes).size().width()
+                         + StyledText(QStringLiteral("\u0627"), attributes).size().width();
+    EXPECT_LT(joined, apart - 1.0);
+
+    // The bundled face has no Han characters; two different ones must still look different
+    // (without fallback both would be the same empty-glyph box).
+    const QImage first = drawn(StyledText(QStringLiteral("\u7c73"), attributes));
+    const QImage second = drawn(StyledText(QStringLiteral("\u5170"), attributes));
+    ASSERT_FALSE(first.isNull());
+    EXPECT_NE(first, second);
+}

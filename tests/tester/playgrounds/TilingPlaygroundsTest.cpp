@@ -169,6 +169,7 @@ TEST_F(TilingFixture, ATappedItemOpensTheOneUpBrowserThatPagesAcrossSectionsAndZ
     ui::CollectionViewCell *cell = grid->cellForItemAtIndexPath(ui::IndexPath::forItem(2, 0));
     ASSERT_TRUE(cell);
     tap(grid, cell->mapTo(grid, QPointF(40, 40)), &clock);
+    frames.step(30); // the push
     ASSERT_TRUE(ui::Settle::waitUntilSettled(5s));
     auto *oneUp = qobject_cast<VUOneUpViewController *>(navigation->topViewController());
     ASSERT_TRUE(oneUp) << "the browser was pushed";

@@ -169,21 +169,10 @@ TEST_F(RootScreenFixture, RestoringDefaultsWhileFillsRunKeepsTheProgressRow)
     filler->setValueForKey(false, QStringLiteral("internalCancelable"));
 }
 
-// The performance tests' screens are not built yet: their rows do nothing, rather than opening
-// the screen they are on once more. A highlight level opens the list of its highlights.
-TEST_F(RootScreenFixture, DrillDownsWithoutAScreenStayWhereTheyAre)
+// A highlight level opens the list of that level's highlights, titled by the row.
+TEST_F(RootScreenFixture, HighlightLevelsOpenTheirLists)
 {
-    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}}});
     window.show();
-    tap(QStringLiteral("Vexo"));
-    savedSinceLastCheck();
-    topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("scrollGrid")));
-    EXPECT_EQ(root->viewControllers().size(), 2);
-    EXPECT_FALSE(root->isTransitioning());
-    EXPECT_FALSE(savedSinceLastCheck()) << "nothing was pushed, so nothing was saved";
-    root->popViewControllerAnimated(false);
-    VUTesterVexoSettings::setTestDefinitions({});
-
     tap(QStringLiteral("Highlights"));
     topScreen()->tapRow(topScreen()->module()->rowWithTitle(QStringLiteral("Years")));
     ASSERT_TRUE(QTest::qWaitFor([&] { return !root->isTransitioning(); }, 5000));
@@ -204,14 +193,12 @@ TEST_F(RootScreenFixture, TitlesWithAnAmpersandShowAsWritten)
 
 TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
 {
-    VUTesterVexoSettings::setTestDefinitions({{{QStringLiteral("testName"), QStringLiteral("scrollGrid")}},
-                                              {{QStringLiteral("testName"), QStringLiteral("Animate")}}});
     window.show();
     tap(QStringLiteral("Vexo"));
     const auto &sections = topScreen()->module()->sections();
     ASSERT_EQ(sections[2].title, QStringLiteral("Tests"));
-    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("scrollGrid"));
-    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("Animate"));
+    EXPECT_EQ(sections[2].rows[0]->title(), QStringLiteral("NullScrollView"));
+    EXPECT_EQ(sections[3].rows[0]->title(), QStringLiteral("CrossfadeNavigation"));
 
     const QList<QLabel *> headers = topScreen()->view()->findChildren<QLabel *>(QStringLiteral("section:Tests"));
     ASSERT_EQ(headers.size(), 2);
@@ -221,7 +208,7 @@ TEST_F(RootScreenFixture, SortingSwapsWhichTestsSectionIsShown)
     VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(true);
     EXPECT_FALSE(headers[0]->isVisibleTo(screen));
     EXPECT_TRUE(headers[1]->isVisibleTo(screen));
-    VUTesterVexoSettings::setTestDefinitions({});
+    VUTesterVexoSettings::sharedInstance()->setSortAlphabetically(false);
 }
 
 TEST_F(RootScreenFixture, ModalPresentationAlwaysAnimatesAndPlacesDoneOnTheAskedSide)
