@@ -29,11 +29,6 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("1-Up Presentation"));
-}
-
 TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));
@@ -67,11 +62,6 @@ TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
 TWModulePtr VUTesterViewSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Views"));
-}
-
-TWModulePtr VUTesterTransitionSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Transition"));
 }
 
 TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()

@@ -36,13 +36,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "oneUpPresentationSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
     Q_OBJECT
 public:
@@ -89,13 +82,6 @@ class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTest
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "viewSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "transitionSettings";
     static TWModulePtr settingsControllerModule();
 };
 

@@ -12,6 +12,8 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
+#include "playgrounds/transition/VUTesterTransitionSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {
