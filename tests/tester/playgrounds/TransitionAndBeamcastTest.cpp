@@ -319,6 +319,7 @@ TEST_F(BeamcastSimulatorTest, OneUpPlaygroundSendsTheCurrentItemToTheSimulatedSc
     settings->setBeamcastScreenWidth(320);
 
     auto *playground = new VUTesterOneUpPresentationPlaygroundViewController(*settings);
+    // A second window: the simulated screen still goes over the first one the application made.
     auto *navigation = new ui::NavigationController(playground);
     ui::Window window;
     window.setRootViewController(navigation);
@@ -334,7 +335,7 @@ TEST_F(BeamcastSimulatorTest, OneUpPlaygroundSendsTheCurrentItemToTheSimulatedSc
     rows.front().tap();
     ASSERT_TRUE(m_simulator->isScreenVisible());
     EXPECT_EQ(screen()->geometry(), QRect(49, 49, 322, 182));
-    EXPECT_EQ(screen()->window(), &window);
+    EXPECT_EQ(screen()->window(), &m_window);
     ASSERT_TRUE(ui::Settle::waitUntilSettled(std::chrono::seconds(10)));
     auto *shown = screen()->findChild<VUAssetImageView *>(QStringLiteral("beamcastAsset"));
     ASSERT_NE(shown, nullptr);
