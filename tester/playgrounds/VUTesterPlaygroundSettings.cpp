@@ -29,11 +29,6 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("1-Up Presentation"));
-}
-
 TWModulePtr VUTesterSwipeDownSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Swipe Down"));
@@ -47,11 +42,6 @@ TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
 TWModulePtr VUTesterViewSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Views"));
-}
-
-TWModulePtr VUTesterTransitionSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Transition"));
 }
 
 TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()

@@ -36,13 +36,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "oneUpPresentationSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
     Q_OBJECT
 public:
@@ -61,13 +54,6 @@ class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTest
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "viewSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "transitionSettings";
     static TWModulePtr settingsControllerModule();
 };
 
