@@ -1,5 +1,6 @@
 #include "playgrounds/activity/VUTesterActivityPlaygroundViewController.h"
 
+#include "playgrounds/VUTesterPlaygroundViews.h"
 #include "playgrounds/activity/VUTesterTimedActivity.h"
 
 #include <activity/VUActivityController.h>
@@ -7,24 +8,12 @@
 
 #include "ui/DisplayLink.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
-
 // The most lines the log keeps on screen.
 constexpr int kLogLines = 12;
-
-QLabel *heading(const QString &text)
-{
-    auto *label = new QLabel(text);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
-    return label;
-}
-
 } // namespace
 
 VUTesterActivityPlaygroundViewController::VUTesterActivityPlaygroundViewController(VUTesterActivitySettings *settings, QObject *parent)
@@ -44,7 +33,7 @@ QWidget *VUTesterActivityPlaygroundViewController::loadView()
     layout->addWidget(start);
 
     // Still activities, one in each state a card can show.
-    layout->addWidget(heading(QStringLiteral("Every state")));
+    layout->addWidget(VUTesterPlaygroundHeading(QStringLiteral("Every state")));
     const auto still = [&](const QString &title, auto setUp) {
         auto *activity = new VUActivity(title, this);
         setUp(*activity);
@@ -57,24 +46,22 @@ QWidget *VUTesterActivityPlaygroundViewController::loadView()
     still(QStringLiteral("Saving to Library"), [](VUActivity &a) { a.setProgress(0.3); a.fail(QStringLiteral("The library is read-only.")); });
     still(QStringLiteral("Exporting Album"), [](VUActivity &a) { a.finish(); });
 
-    layout->addWidget(heading(QStringLiteral("Activities")));
-    m_logLabel = new QLabel(QStringLiteral("None yet: tap Start Activity."));
-    m_logLabel->setWordWrap(true);
-    m_logLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    layout->addWidget(m_logLabel, 1);
+    layout->addWidget(VUTesterPlaygroundHeading(QStringLiteral("Activities")));
+    m_log = new VUTesterEventLogLabel(QStringLiteral("None yet: tap Start Activity."), kLogLines);
+    layout->addWidget(m_log, 1);
 
     m_controller = new VUActivityController(view, this);
     connect(m_controller, &VUActivityController::activityEnded, this, [this](VUActivity *activity, VUActivity::State state) {
         const double seconds = ui::DisplayLink::monotonicTime() - activity->property("startTime").toDouble();
         switch (state) {
         case VUActivity::State::Finished:
-            _addToLog(QStringLiteral("%1: finished after %2 s").arg(activity->title()).arg(seconds, 0, 'f', 1));
+            m_log->addLine(QStringLiteral("%1: finished after %2 s").arg(activity->title()).arg(seconds, 0, 'f', 1));
             break;
         case VUActivity::State::Cancelled:
-            _addToLog(QStringLiteral("%1: cancelled at %2 %").arg(activity->title()).arg(qRound(activity->progress() * 100)));
+            m_log->addLine(QStringLiteral("%1: cancelled at %2 %").arg(activity->title()).arg(qRound(activity->progress() * 100)));
             break;
         case VUActivity::State::Failed:
-            _addToLog(QStringLiteral("%1: %2").arg(activity->title(), activity->errorDescription()));
+            m_log->addLine(QStringLiteral("%1: %2").arg(activity->title(), activity->errorDescription()));
             break;
         case VUActivity::State::Running:
             break;
@@ -88,7 +75,7 @@ VUActivity *VUTesterActivityPlaygroundViewController::startActivity()
     view();
     VUActivity *activity = m_controller->beginActivity(m_settings->activityTitle(), m_settings->cancellable());
     activity->setProperty("startTime", ui::DisplayLink::monotonicTime());
-    _addToLog(QStringLiteral("%1: started").arg(activity->title()));
+    m_log->addLine(QStringLiteral("%1: started").arg(activity->title()));
     VUTesterTimedActivityOptions options;
     options.duration = m_settings->duration();
     options.numberOfSteps = int(m_settings->numberOfSteps());
@@ -99,10 +86,9 @@ VUActivity *VUTesterActivityPlaygroundViewController::startActivity()
     return activity;
 }
 
-void VUTesterActivityPlaygroundViewController::_addToLog(const QString &line)
+const QStringList &VUTesterActivityPlaygroundViewController::log() const
 {
-    m_log.append(line);
-    m_logLabel->setText(m_log.mid(std::max<qsizetype>(0, m_log.size() - kLogLines)).join(QLatin1Char('\n')));
+    return m_log->lines();
 }
 
 QList<ui::TappableRow> VUTesterActivityPlaygroundViewController::tappableRows()

@@ -11,8 +11,8 @@
 #include <QPointer>
 #include <QStringList>
 
-class QLabel;
 class VUActivity;
+class VUTesterEventLogLabel;
 class VUActivityController;
 
 class VUTESTER_EXPORT VUTesterActivityPlaygroundViewController : public ui::ViewController, public ui::TappableRows {
@@ -25,7 +25,7 @@ public:
     // Null until the view is loaded.
     VUActivityController *activityController() const { return m_controller; }
     // One line per activity event, oldest first.
-    const QStringList &log() const { return m_log; }
+    const QStringList &log() const;
 
     QList<ui::TappableRow> tappableRows() override;
 
@@ -33,11 +33,8 @@ protected:
     QWidget *loadView() override;
 
 private:
-    void _addToLog(const QString &line);
-
     QPointer<VUTesterActivitySettings> m_settings;
     VUActivityController *m_controller = nullptr;
-    QLabel *m_logLabel = nullptr;
-    QStringList m_log;
+    VUTesterEventLogLabel *m_log = nullptr;
     QList<VUActivity *> m_gallery;
 };

@@ -1,8 +1,9 @@
 #include "playgrounds/notifications/VUTesterContextualNotificationsPlaygroundViewController.h"
 
+#include "playgrounds/VUTesterPlaygroundViews.h"
+
 #include <notifications/VUContextualNotificationCenter.h>
 
-#include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -66,19 +67,16 @@ QWidget *VUTesterContextualNotificationsPlaygroundViewController::loadView()
     auto *post = new QPushButton(QStringLiteral("Post Notification"));
     connect(post, &QPushButton::clicked, this, &VUTesterContextualNotificationsPlaygroundViewController::postNotifications);
     panel->addWidget(post);
-    m_logLabel = new QLabel(QStringLiteral("Swipe a banner up to dismiss it."));
-    m_logLabel->setWordWrap(true);
-    m_logLabel->setMinimumHeight(m_logLabel->fontMetrics().lineSpacing() * kLogLines);
-    m_logLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    panel->addWidget(m_logLabel);
+    m_log = new VUTesterEventLogLabel(QStringLiteral("Swipe a banner up to dismiss it."), kLogLines);
+    panel->addWidget(m_log);
     layout->addLayout(panel);
 
     m_center = new VUContextualNotificationCenter(view, this);
     connect(m_center, &VUContextualNotificationCenter::didShow, this,
-            [this](int identifier) { _addToLog(QStringLiteral("#%1 shown").arg(identifier)); });
+            [this](int identifier) { m_log->addLine(QStringLiteral("#%1 shown").arg(identifier)); });
     connect(m_center, &VUContextualNotificationCenter::didDismiss, this,
             [this](int identifier, VUContextualNotificationCenter::DismissalReason reason, int) {
-                _addToLog(QStringLiteral("#%1 %2").arg(identifier).arg(reasonText(reason)));
+                m_log->addLine(QStringLiteral("#%1 %2").arg(identifier).arg(reasonText(reason)));
             });
     return view;
 }
@@ -96,17 +94,16 @@ void VUTesterContextualNotificationsPlaygroundViewController::postNotifications(
         notification.dismissalDelay = m_settings->dismissalDelay();
         for (qint64 a = 0; a < std::min<qint64>(m_settings->numberOfActions(), std::size(kActionTitles)); ++a) {
             const QString title = QString::fromLatin1(kActionTitles[a]);
-            notification.actions.append({title, [this, title] { _addToLog(QStringLiteral("“%1” chosen").arg(title)); }});
+            notification.actions.append({title, [this, title] { m_log->addLine(QStringLiteral("“%1” chosen").arg(title)); }});
         }
         m_center->post(notification);
     }
-    _addToLog(QStringLiteral("%1 posted, %2 waiting").arg(count).arg(m_center->queuedCount()));
+    m_log->addLine(QStringLiteral("%1 posted, %2 waiting").arg(count).arg(m_center->queuedCount()));
 }
 
-void VUTesterContextualNotificationsPlaygroundViewController::_addToLog(const QString &line)
+const QStringList &VUTesterContextualNotificationsPlaygroundViewController::log() const
 {
-    m_log.append(line);
-    m_logLabel->setText(m_log.mid(std::max<qsizetype>(0, m_log.size() - kLogLines)).join(QLatin1Char('\n')));
+    return m_log->lines();
 }
 
 QList<ui::TappableRow> VUTesterContextualNotificationsPlaygroundViewController::tappableRows()

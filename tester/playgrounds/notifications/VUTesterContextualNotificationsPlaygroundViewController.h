@@ -12,8 +12,8 @@
 #include <QPointer>
 #include <QStringList>
 
-class QLabel;
 class VUContextualNotificationCenter;
+class VUTesterEventLogLabel;
 
 class VUTESTER_EXPORT VUTesterContextualNotificationsPlaygroundViewController : public ui::ViewController, public ui::TappableRows {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     void postNotifications();
     // Null until the view is loaded.
     VUContextualNotificationCenter *notificationCenter() const { return m_center; }
-    const QStringList &log() const { return m_log; }
+    const QStringList &log() const;
 
     QList<ui::TappableRow> tappableRows() override;
 
@@ -33,10 +33,7 @@ protected:
     QWidget *loadView() override;
 
 private:
-    void _addToLog(const QString &line);
-
     QPointer<VUTesterContextualNotificationsSettings> m_settings;
     VUContextualNotificationCenter *m_center = nullptr;
-    QLabel *m_logLabel = nullptr;
-    QStringList m_log;
+    VUTesterEventLogLabel *m_log = nullptr;
 };

@@ -1,6 +1,7 @@
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonPlaygroundViewController.h"
 
 #include "media/VUTesterTestPatternMovie.h"
+#include "playgrounds/VUTesterPlaygroundViews.h"
 
 #include <overlay/VUVideoOverlayButton.h>
 #include <player/VUMoviePlayerView.h>
@@ -76,15 +77,6 @@ QImage picture(bool light)
     return image;
 }
 
-QLabel *heading(const QString &text)
-{
-    auto *label = new QLabel(text);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
-    return label;
-}
-
 } // namespace
 
 VUTesterVideoOverlayButtonPlaygroundViewController::VUTesterVideoOverlayButtonPlaygroundViewController(
@@ -138,7 +130,7 @@ QWidget *VUTesterVideoOverlayButtonPlaygroundViewController::_liveSection()
     m_liveVideo->player()->setLooping(true);
     m_liveButton = new VUVideoOverlayButton;
     m_liveButton->setSize(VUVideoOverlayButton::Size(m_settings->buttonSize()));
-    layout->addWidget(heading(QStringLiteral("Live video")), 0, 0);
+    layout->addWidget(VUTesterPlaygroundHeading(QStringLiteral("Live video")), 0, 0);
     layout->addWidget(m_liveVideo, 1, 0);
     layout->addWidget(m_liveButton, 1, 0, Qt::AlignCenter);
 
@@ -176,7 +168,7 @@ QWidget *VUTesterVideoOverlayButtonPlaygroundViewController::_matrix(const QImag
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(6);
     grid->setVerticalSpacing(4);
-    grid->addWidget(heading(title), 0, 0, 1, int(std::size(kStates)));
+    grid->addWidget(VUTesterPlaygroundHeading(title), 0, 0, 1, int(std::size(kStates)));
     for (int column = 0; column < int(std::size(kStates)); ++column)
         grid->addWidget(new QLabel(QString::fromLatin1(kStates[column].title)), 1, column, Qt::AlignHCenter);
     int row = 2;
