@@ -131,6 +131,8 @@ void VUMoviePlayer::_didLoad(quint64 movie, const QString &error, double duratio
         m_seekPending = false;
         m_pending.end();
         _setStatus(Status::Failed, error);
+        // Nothing will ever play: no frame timer keeps running for it.
+        setRate(0);
         return;
     }
     m_duration = duration;

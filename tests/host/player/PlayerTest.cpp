@@ -83,8 +83,10 @@ TEST_F(PlayerTest, LoadingShowsTheFirstPictureAndTellsWhatTheMovieIs)
 
     VUMoviePlayer broken;
     broken.setMovie(dir.filePath(QStringLiteral("missing.mov")));
+    broken.play();
     ASSERT_TRUE(settle());
     EXPECT_EQ(broken.status(), VUMoviePlayer::Status::Failed);
+    EXPECT_FALSE(broken.isPlaying());
     EXPECT_TRUE(broken.error().contains(QStringLiteral("missing.mov")));
     EXPECT_TRUE(broken.currentFrame().isNull());
     bool finished = true;
