@@ -1,4 +1,4 @@
-// vistra-tester library info | list [--limit N] | highlights [--subtype KIND] |
+// vistra-tester library info | list [--limit N] | highlights [--subtype KIND] [--details] |
 //     import FILE [--paired MOVIE] [--move] | verify
 // Looks into the shared photo library (or the one given with the global --library) and adds to it.
 // Every argument is checked before the library is opened, and only import may create one.
@@ -6,6 +6,9 @@
 #include "Commands.h"
 #include "commands/JsonOutput.h"
 #include "commands/MediaOptions.h"
+
+#include "diagnostics/VUTesterAssetCollectionDiagnosticsViewController.h"
+#include "diagnostics/VUTesterVistraKitObjectDiagnosticsContent.h"
 
 #include <photos/VHAsset.h>
 #include <photos/VHAssetChangeRequest.h>
@@ -16,6 +19,7 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QImageReader>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QLocale>
 #include <QTextStream>
@@ -45,9 +49,11 @@ const char kUsage[] =
     "  info [--json]                 location, counts by media, size on disk\n"
     "  list [--limit N] [--json]     one line per asset, oldest first: identifier, media, size, date,\n"
     "                                location, paired\n"
-    "  highlights [--subtype KIND] [--json]\n"
+    "  highlights [--subtype KIND] [--details] [--json]\n"
     "                                highlight collections; KIND is days, daygroups, months or years\n"
-    "                                (default: all four)\n"
+    "                                (default: all four); --details prints what the Highlights\n"
+    "                                diagnostics screens show: each highlight's title, subtitle and\n"
+    "                                property lines, and its five sections with their counts\n"
     "  import FILE [--paired MOVIE] [--move]\n"
     "                                add a photo or movie, or a photo with its paired movie; the\n"
     "                                files are copied unless --move is given; prints the new\n"
@@ -59,7 +65,7 @@ const char kUsage[] =
     "movingPhotos, videos, highlights, sizeOnDisk in bytes), list an array of objects (identifier,\n"
     "media, width, height, date, location as {latitude, longitude} or null, paired), highlights an\n"
     "array of objects (subtype, title, startDate, endDate, assets, photos, videos, curated, enriched,\n"
-    "promotionScore).\n";
+    "promotionScore), with --details also cell (title, subtitle, lines) and sections (title, count).\n";
 
 const QString kJson = QStringLiteral("json");
 
@@ -67,6 +73,7 @@ const QString kJson = QStringLiteral("json");
 struct Request {
     QString action;
     bool json = false;
+    bool details = false;
     int limit = 0;
     QList<Subtype> subtypes;
     QString file;
@@ -89,8 +96,10 @@ int parse(const QString &action, const QStringList &arguments, Request *request)
         parser.addOption({kJson, QStringLiteral("Print JSON.")});
     if (action == QLatin1String("list"))
         parser.addOption({QStringLiteral("limit"), QStringLiteral("At most N assets."), QStringLiteral("N")});
-    if (action == QLatin1String("highlights"))
+    if (action == QLatin1String("highlights")) {
         parser.addOption({QStringLiteral("subtype"), QStringLiteral("days, daygroups, months or years."), QStringLiteral("KIND")});
+        parser.addOption({QStringLiteral("details"), QStringLiteral("What the diagnostics screens show.")});
+    }
     if (action == QLatin1String("import")) {
         parser.addOptions({
             {QStringLiteral("paired"), QStringLiteral("The movie paired with the photo."), QStringLiteral("MOVIE")},
@@ -109,6 +118,7 @@ int parse(const QString &action, const QStringList &arguments, Request *request)
         return usageError(kLibrary, QStringLiteral("unexpected argument '%1'").arg(positional.last()));
     request->action = action;
     request->json = parser.optionNames().contains(kJson);
+    request->details = action == QLatin1String("highlights") && parser.isSet(QStringLiteral("details"));
 
     if (action == QLatin1String("list") && parser.isSet(QStringLiteral("limit"))) {
         double limit = 0;
@@ -207,10 +217,44 @@ int list(VHPhotoLibrary &library, const Request &request)
     return ExitOk;
 }
 
+// The diagnostics of one highlight: its cell as the fetch-result screen numbers it, and the
+// sections of its own screen.
+struct HighlightDetails {
+    VUTesterVistraKitObjectDiagnosticsContent cell;
+    std::vector<detail::VUTesterAssetCollectionDiagnosticsSection> sections;
+};
+
+HighlightDetails detailsOf(const VHAssetCollection &highlight, qsizetype index, qsizetype count, const VUTesterDateFormatter &formatter)
+{
+    return {VUTesterVistraKitObjectDiagnosticsContent::contentForObject(highlight, index, count, formatter),
+            VUTesterAssetCollectionDiagnosticsViewController::sectionsForAssetCollection(highlight)};
+}
+
+void printDetails(QTextStream &out, const HighlightDetails &details)
+{
+    out << details.cell.title << '\n';
+    for (const QString &line : QStringList{details.cell.subtitle} + details.cell.propertyLines)
+        out << "  " << line << '\n';
+    for (const auto &section : details.sections)
+        out << "  " << section.title() << '\n';
+}
+
+QJsonObject detailsJson(const HighlightDetails &details)
+{
+    QJsonArray sections;
+    for (const auto &section : details.sections)
+        sections.append(QJsonObject{{QStringLiteral("title"), section.title()}, {QStringLiteral("count"), section.assets().count()}});
+    return {{QStringLiteral("cell"), QJsonObject{{QStringLiteral("title"), details.cell.title},
+                                                 {QStringLiteral("subtitle"), details.cell.subtitle},
+                                                 {QStringLiteral("lines"), QJsonArray::fromStringList(details.cell.propertyLines)}}},
+            {QStringLiteral("sections"), sections}};
+}
+
 int highlights(VHPhotoLibrary &library, const Request &request)
 {
     VHFetchOptions options = library.librarySpecificFetchOptions();
     options.setSortDescriptors({{QStringLiteral("startDate"), true}});
+    const VUTesterDateFormatter formatter = VUTesterVistraKitObjectDiagnosticsContent::defaultDateFormatter();
     QTextStream out(stdout);
     std::optional<JsonArrayWriter> objects;
     if (request.json)
@@ -220,17 +264,31 @@ int highlights(VHPhotoLibrary &library, const Request &request)
             VHAssetCollection::fetchAssetCollectionsWithType(VHAssetCollectionType::Highlight, subtype.subtype, options);
         for (qsizetype i = 0; i < collections.count(); ++i) {
             const VHAssetCollection highlight = collections.objectAtIndex(i);
+            std::optional<HighlightDetails> details;
+            if (request.details)
+                details = detailsOf(highlight, i, collections.count(), formatter);
             if (objects) {
-                objects->append({{QStringLiteral("subtype"), QString::fromLatin1(subtype.name)},
-                                 {QStringLiteral("title"), highlight.localizedTitle()},
-                                 {QStringLiteral("startDate"), dateText(highlight.startDate())},
-                                 {QStringLiteral("endDate"), dateText(highlight.endDate())},
-                                 {QStringLiteral("assets"), highlight.estimatedAssetCount()},
-                                 {QStringLiteral("photos"), highlight.estimatedPhotosCount()},
-                                 {QStringLiteral("videos"), highlight.estimatedVideosCount()},
-                                 {QStringLiteral("curated"), highlight.isCurated()},
-                                 {QStringLiteral("enriched"), highlight.isEnriched()},
-                                 {QStringLiteral("promotionScore"), highlight.promotionScore()}});
+                QJsonObject object{{QStringLiteral("subtype"), QString::fromLatin1(subtype.name)},
+                                   {QStringLiteral("title"), highlight.localizedTitle()},
+                                   {QStringLiteral("startDate"), dateText(highlight.startDate())},
+                                   {QStringLiteral("endDate"), dateText(highlight.endDate())},
+                                   {QStringLiteral("assets"), highlight.estimatedAssetCount()},
+                                   {QStringLiteral("photos"), highlight.estimatedPhotosCount()},
+                                   {QStringLiteral("videos"), highlight.estimatedVideosCount()},
+                                   {QStringLiteral("curated"), highlight.isCurated()},
+                                   {QStringLiteral("enriched"), highlight.isEnriched()},
+                                   {QStringLiteral("promotionScore"), highlight.promotionScore()}};
+                if (details) {
+                    const QJsonObject extra = detailsJson(*details);
+                    for (auto it = extra.begin(); it != extra.end(); ++it)
+                        object.insert(it.key(), it.value());
+                }
+                objects->append(object);
+                continue;
+            }
+            if (details) {
+                out << subtype.name << ' ';
+                printDetails(out, *details);
                 continue;
             }
             out << subtype.name << '\t' << highlight.localizedTitle() << '\t' << dateText(highlight.startDate()) << '\t'

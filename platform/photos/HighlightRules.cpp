@@ -1,6 +1,9 @@
 #include "HighlightRules.h"
 
+#include "PlaceNames.h"
+
 #include <QCoreApplication>
+#include <QHash>
 #include <QLocale>
 
 #include <algorithm>
@@ -139,6 +142,41 @@ QString dayGroupTitle(const QDate &first, const QDate &last)
 QString monthTitle(int year, int month)
 {
     return QStringLiteral("%1 %2").arg(QLocale().standaloneMonthName(month), QString::number(year));
+}
+
+QString placeTitle(const QVector<Candidate> &pool, qint64 keyAssetId)
+{
+    QStringList names; // in pool order, so the first of equal counts is the earliest
+    QHash<QString, int> counts;
+    for (const Candidate &candidate : pool) {
+        if (!candidate.located)
+            continue;
+        const QString name = PlaceNames::nameOfPlace(candidate.latitude, candidate.longitude);
+        if (name.isEmpty())
+            continue;
+        if (candidate.id == keyAssetId)
+            return name;
+        if (counts[name]++ == 0)
+            names << name;
+    }
+    QString best;
+    for (const QString &name : std::as_const(names))
+        if (best.isEmpty() || counts.value(name) > counts.value(best))
+            best = name;
+    return best;
+}
+
+QString dateRangeText(const QDate &first, const QDate &last)
+{
+    const QLocale locale;
+    const QString full = QStringLiteral("d MMMM yyyy");
+    if (first == last)
+        return locale.toString(first, full);
+    if (first.year() == last.year() && first.month() == last.month())
+        return QStringLiteral("%1 – %2").arg(QString::number(first.day()), locale.toString(last, full));
+    if (first.year() == last.year())
+        return QStringLiteral("%1 – %2").arg(locale.toString(first, QStringLiteral("d MMMM")), locale.toString(last, full));
+    return QStringLiteral("%1 – %2").arg(locale.toString(first, full), locale.toString(last, full));
 }
 
 QString yearTitle(int year)

@@ -18,6 +18,8 @@
 // - time spread: cut the ordered list into k equal runs and keep the best-scored asset of each,
 //   so a long day is represented from morning to evening and not by one burst;
 // - the key asset is the best-scored asset of the summary.
+// Days and day groups whose assets carry a place are titled by it, with their date range as the
+// subtitle; the others are titled by their dates, with their counts as the subtitle.
 // An asset's score rewards a favourite (4), a moving-photo pair (1), a place (0.5), a still photo
 // over a movie (0.5) and resolution (up to 1 at 12 megapixels); equal scores go to the earlier
 // asset, then the lower id.
@@ -36,6 +38,8 @@ struct Candidate {
     bool isVideo = false;
     bool located = false;
     bool favorite = false;
+    double latitude = 0;  // when located
+    double longitude = 0;
 };
 
 struct HighlightTotals {
@@ -81,6 +85,12 @@ bool isEnriched(const HighlightTotals &totals);
 QString dayTitle(const QDate &day);
 QString dayGroupTitle(const QDate &first, const QDate &last);
 QString monthTitle(int year, int month);
+// The place a day or a trip happened: the named place of the key asset, or else the one most of
+// the located assets of the pool share (the earliest of equals); empty when none has a name.
+QString placeTitle(const QVector<Candidate> &pool, qint64 keyAssetId);
+// A date range as a person reads it: "12 March 2024", "12 – 14 March 2024",
+// "30 March – 2 April 2024", "30 December 2023 – 2 January 2024".
+QString dateRangeText(const QDate &first, const QDate &last);
 QString yearTitle(int year);
 // "3 Photos, 1 Video"
 QString subtitle(const HighlightTotals &totals);

@@ -15,7 +15,7 @@ enum CurationKind : qint64 { KindSummary = 1, KindExtended = 2, KindCurated = 3 
 
 #define VH_CANDIDATE_COLUMNS                                                                       \
     "a.id, a.local_seconds, a.creation_ms, a.media_type, a.media_subtypes,"                        \
-    " a.pixel_width * a.pixel_height, a.latitude IS NOT NULL, a.favorite"
+    " a.pixel_width * a.pixel_height, a.latitude IS NOT NULL, a.favorite, a.latitude, a.longitude"
 
 Candidate candidateFrom(const Statement &row)
 {
@@ -26,6 +26,10 @@ Candidate candidateFrom(const Statement &row)
     candidate.isVideo = row.int64(3) == qint64(VHAssetMediaType::Video);
     candidate.located = row.int64(6) != 0;
     candidate.favorite = row.int64(7) != 0;
+    if (candidate.located) {
+        candidate.latitude = row.real(8);
+        candidate.longitude = row.real(9);
+    }
     const bool moving = (quint64(row.int64(4)) & VHAssetMediaSubtypePhotoMoving) != 0;
     candidate.score = HighlightRules::assetScore(candidate.isVideo, moving, row.int64(5), candidate.located,
                                                  candidate.favorite);
@@ -132,8 +136,8 @@ void HighlightStore::writeDay(qint64 day, const QVector<Candidate> &pool)
     for (const Candidate &candidate : pool)
         totals.add(candidate);
     const Period period{VHAssetCollectionSubtypeHighlightDays, day, day * kSecondsPerDay, (day + 1) * kSecondsPerDay,
-                        HighlightRules::dayTitle(dateOfDay(day))};
-    write(period, totals, HighlightRules::curate(pool));
+                        HighlightRules::dayTitle(dateOfDay(day)), day};
+    write(period, totals, pool);
 }
 
 void HighlightStore::refreshParents(const std::set<qint64> &days)
@@ -185,7 +189,7 @@ void HighlightStore::refreshFromChildren(const Period &period, int childSubtype,
     query.bind(1, qint64(childSubtype)).bind(2, firstChild).bind(3, lastChild);
     while (query.next())
         pool.append(candidateFrom(query));
-    write(period, totals, HighlightRules::curate(pool));
+    write(period, totals, pool);
 }
 
 void HighlightStore::refreshDayGroups(int year, int month)
@@ -213,14 +217,24 @@ void HighlightStore::refreshDayGroups(int year, int month)
             ++end;
         const Period period{VHAssetCollectionSubtypeHighlightDayGroups, days[start], days[start] * kSecondsPerDay,
                             (days[end] + 1) * kSecondsPerDay,
-                            HighlightRules::dayGroupTitle(dateOfDay(days[start]), dateOfDay(days[end]))};
+                            HighlightRules::dayGroupTitle(dateOfDay(days[start]), dateOfDay(days[end])), days[end]};
         refreshFromChildren(period, VHAssetCollectionSubtypeHighlightDays, days[start], days[end]);
         start = end + 1;
     }
 }
 
-void HighlightStore::write(const Period &period, const HighlightTotals &totals, const Curation &curation)
+void HighlightStore::write(const Period &period, const HighlightTotals &totals, const QVector<Candidate> &pool)
 {
+    const Curation curation = HighlightRules::curate(pool);
+    QString title = period.title;
+    QString subtitle = HighlightRules::subtitle(totals);
+    if (period.lastDay >= 0) {
+        const QString place = HighlightRules::placeTitle(pool, curation.keyAssetId);
+        if (!place.isEmpty()) {
+            title = place;
+            subtitle = HighlightRules::dateRangeText(dateOfDay(period.key), dateOfDay(period.lastDay));
+        }
+    }
     auto upsert = m_db.prepare(
         "INSERT INTO highlight (uuid, subtype, period_key, local_start, local_end, start_ms, end_ms, title, subtitle,"
         " asset_count, photo_count, video_count, located_count, favorite_count, curated, enriched, promotion_score,"
@@ -239,8 +253,8 @@ void HighlightStore::write(const Period &period, const HighlightTotals &totals, 
         .bind(5, period.localEnd)
         .bind(6, totals.startMs)
         .bind(7, totals.endMs)
-        .bind(8, period.title)
-        .bind(9, HighlightRules::subtitle(totals))
+        .bind(8, title)
+        .bind(9, subtitle)
         .bind(10, totals.assetCount)
         .bind(11, totals.photoCount)
         .bind(12, totals.videoCount)

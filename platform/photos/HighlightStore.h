@@ -28,7 +28,10 @@ private:
         qint64 key;
         qint64 localStart; // seconds, inclusive
         qint64 localEnd;   // seconds, exclusive
-        QString title;
+        QString title; // of the dates
+        // Days and day groups: the last day covered (the key is the first), so that a place may
+        // title them; -1 for the periods that are always titled by their dates.
+        qint64 lastDay = -1;
     };
 
     void refreshDays(const std::set<qint64> &days);
@@ -36,7 +39,7 @@ private:
     void refreshParents(const std::set<qint64> &days);
     void refreshFromChildren(const Period &period, int childSubtype, qint64 firstChild, qint64 lastChild);
     void refreshDayGroups(int year, int month);
-    void write(const Period &period, const HighlightTotals &totals, const Curation &curation);
+    void write(const Period &period, const HighlightTotals &totals, const QVector<Candidate> &pool);
     void remove(int subtype, qint64 key);
 
     Database &m_db;

@@ -4,6 +4,7 @@
 #include "ViewController.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace ui {
 
@@ -42,19 +43,59 @@ void TransitionContext::start(double duration)
     if (m_finished || m_complete)
         return;
     m_duration = duration;
-    m_startTime = DisplayLink::currentTime();
     applyProgress(0);
+    runTimeline(1);
+}
+
+void TransitionContext::startInteractive(double duration)
+{
+    if (m_finished || m_complete)
+        return;
+    m_duration = duration;
+    m_interactive = true;
+    applyProgress(0);
+}
+
+void TransitionContext::updateInteractiveTransition(double fraction)
+{
+    if (!m_interactive || m_finished || m_complete || m_link)
+        return;
+    applyProgress(std::clamp(fraction, 0.0, 1.0));
+}
+
+void TransitionContext::finishInteractiveTransition()
+{
+    if (m_interactive && !m_link)
+        runTimeline(1);
+}
+
+void TransitionContext::cancelInteractiveTransition()
+{
+    if (!m_interactive || m_link || m_finished)
+        return;
+    m_cancelled = true;
+    runTimeline(0);
+}
+
+void TransitionContext::runTimeline(double target)
+{
+    if (m_finished || m_complete)
+        return;
+    m_runFrom = m_fraction;
+    m_runTo = target;
+    const double duration = m_duration * std::abs(target - m_fraction);
     if (duration <= 0) {
         finishAnimations();
         return;
     }
-    m_link = new DisplayLink([this](DisplayLink &link) {
-        const double fraction = std::clamp((link.timestamp() - m_startTime) / m_duration, 0.0, 1.0);
+    m_startTime = DisplayLink::currentTime();
+    m_link = new DisplayLink([this, duration](DisplayLink &link) {
+        const double t = std::clamp((link.timestamp() - m_startTime) / duration, 0.0, 1.0);
         // Frame times are sums of intervals: the frame due at the end may come a hair short of it.
-        if (fraction >= 1 - 1e-9)
+        if (t >= 1 - 1e-9)
             finishAnimations();
         else
-            applyProgress(fraction);
+            applyProgress(m_runFrom + (m_runTo - m_runFrom) * t);
     }, this);
     m_link->schedule(m_container);
 }
@@ -73,7 +114,7 @@ void TransitionContext::finishAnimations()
     m_finished = true;
     if (m_link)
         m_link->invalidate();
-    applyProgress(1);
+    applyProgress(m_cancelled ? 0 : 1);
     // Taken first: a completion may finish the transition, and with it this context.
     const std::vector<Completion> completions = std::move(m_completions);
     m_completions.clear();

@@ -10,6 +10,11 @@
 // the animation controller added; one of those calls completeTransition, which returns the views
 // to the navigation controller's pages. Since animations depend on progress alone, anything that
 // moves the timeline moves them alike. The container's own slide is such an animation controller.
+//
+// An interactive transition (PercentDrivenInteractiveTransition) moves the timeline by hand
+// instead: from the finger's progress, then on to the end when finished or back to the start
+// when cancelled. A cancelled transition reports transitionWasCancelled, and the navigation
+// controller puts its stack back as it was.
 
 #include "Settle.h"
 
@@ -68,15 +73,26 @@ public:
     bool animationsFinished() const { return m_finished; }
     // The transition is over: the navigation controller takes its views back.
     void completeTransition();
+    bool transitionWasCancelled() const { return m_cancelled; }
+    bool isInteractive() const { return m_interactive; }
     bool isComplete() const { return m_complete; }
 
     // For the navigation controller: runs the timeline over `duration` seconds from the next frame.
     void start(double duration);
+    // For the navigation controller: the animations start at 0 and wait for the interaction.
+    void startInteractive(double duration);
+    // For interaction controllers: moves the timeline to `fraction` (clamped to 0 to 1), then,
+    // once finished or cancelled, runs it on to the end or back to the start at its own pace.
+    void updateInteractiveTransition(double fraction);
+    void finishInteractiveTransition();
+    void cancelInteractiveTransition();
     // Jumps every animation to its end and runs the completions (an interrupted transition).
     void finishAnimations();
 
 private:
     void applyProgress(double fraction);
+    // Runs the timeline from where it is to `target` over the matching part of the duration.
+    void runTimeline(double target);
 
     struct Track {
         Animation animation;
@@ -93,8 +109,12 @@ private:
     double m_startTime = 0;
     double m_duration = 0;
     double m_fraction = 0;
+    double m_runFrom = 0;
+    double m_runTo = 1;
     bool m_finished = false;
     bool m_complete = false;
+    bool m_interactive = false;
+    bool m_cancelled = false;
 };
 
 } // namespace ui

@@ -265,9 +265,16 @@ void NavigationController::startAnimatedTransition(std::shared_ptr<AnimatedTrans
             finishTransition();
     }, this);
     t->animator->animateTransition(*t->context);
+    const std::shared_ptr<PercentDrivenInteractiveTransition> interaction =
+        m_delegate ? m_delegate->interactionControllerForAnimationController(this, t->animator.get()) : nullptr;
     // The animation controller may have completed the transition at once.
-    if (m_transition == t)
-        t->context->start(t->animator->transitionDuration(*t->context));
+    if (m_transition != t)
+        return;
+    const double duration = t->animator->transitionDuration(*t->context);
+    if (interaction)
+        interaction->startInteractiveTransition(*t->context, duration);
+    else
+        t->context->start(duration);
 }
 
 void NavigationController::returnTransitionViews()
@@ -284,6 +291,29 @@ void NavigationController::returnTransitionViews()
     t->context->deleteLater();
 }
 
+void NavigationController::revertCancelledTransition()
+{
+    Transition *t = m_transition;
+    if (t->operation == Operation::Push) {
+        m_stack.removeOne(t->to.data());
+        t->removed = {t->to};
+    } else if (t->operation == Operation::Pop) {
+        for (const QPointer<ViewController> &removed : std::as_const(t->removed))
+            if (removed)
+                m_stack << removed.data();
+        t->removed.clear();
+    }
+    // The screens trade places: the one that was leaving stays, and nothing new is shown.
+    if (t->onScreen) {
+        t->from->endAppearanceTransition();
+        t->to->endAppearanceTransition();
+        t->to->beginAppearanceTransition(false, true);
+        t->from->beginAppearanceTransition(true, true);
+    }
+    std::swap(t->from, t->to);
+    t->operation = Operation::None;
+}
+
 void NavigationController::finishTransition()
 {
     Transition *t = m_transition;
@@ -296,6 +326,8 @@ void NavigationController::finishTransition()
         if (m_transition != t)
             return;
     }
+    if (t->context && t->context->transitionWasCancelled())
+        revertCancelledTransition();
     returnTransitionViews();
     m_transition = nullptr;
     if (isViewLoaded()) {

@@ -5,9 +5,11 @@
 // (AnimatedTransitioning.h) instead of the container's slide; either runs on the display's frame
 // timer, so DisplayLink::ManualStepping steps it. Below the stack, a toolbar shows the top
 // controller's toolbar items while the toolbar is not hidden (it is hidden at first) and the top
-// controller has items.
+// controller has items. An interaction controller from the delegate drives an animation by hand;
+// a cancelled interactive transition leaves the stack as it was.
 
 #include "AnimatedTransitioning.h"
+#include "PercentDrivenInteractiveTransition.h"
 #include "ViewController.h"
 
 #include <QList>
@@ -33,6 +35,13 @@ public:
     virtual std::shared_ptr<AnimatedTransitioning> animationControllerForOperation(NavigationController *navigationController,
                                                                                    NavigationOperation operation,
                                                                                    ViewController *from, ViewController *to)
+    {
+        return nullptr;
+    }
+    // Asked after the animation controller: an interaction controller makes the transition follow
+    // it (a finger) instead of running by itself; null runs it by itself.
+    virtual std::shared_ptr<PercentDrivenInteractiveTransition> interactionControllerForAnimationController(
+        NavigationController *navigationController, AnimatedTransitioning *animationController)
     {
         return nullptr;
     }
@@ -82,6 +91,7 @@ private:
     void transition(ViewController *from, ViewController *to, Operation operation, bool animated, const QList<ViewController *> &removed);
     void startAnimatedTransition(std::shared_ptr<AnimatedTransitioning> animator);
     void returnTransitionViews();
+    void revertCancelledTransition();
     void finishTransition();
     void updateBar();
     void updateToolbar();

@@ -1,5 +1,9 @@
 #include "diagnostics/VUTesterVistraHighlightsDiagnosticsSettings.h"
 
+#include "diagnostics/VUTesterAssetCollectionFetchResultDiagnosticsViewController.h"
+
+#include <photos/VHPhotoLibrary.h>
+
 const VUTesterVistraHighlightsDiagnosticsSettings::Level VUTesterVistraHighlightsDiagnosticsSettings::kLevels[4] = {
     {"Years", 1000000303},
     {"Months", 1000000302},
@@ -7,11 +11,26 @@ const VUTesterVistraHighlightsDiagnosticsSettings::Level VUTesterVistraHighlight
     {"Days", 1000000301},
 };
 
+VHFetchResult<VHAssetCollection> VUTesterVistraHighlightsDiagnosticsSettings::fetchHighlights(qint64 subtype)
+{
+    VHFetchOptions options = VHPhotoLibrary::sharedPhotoLibrary()->librarySpecificFetchOptions();
+    options.setSortDescriptors({{QStringLiteral("startDate"), true}});
+    return VHAssetCollection::fetchAssetCollectionsWithType(VHAssetCollectionType::Highlight, int(subtype), options);
+}
+
 TWModulePtr VUTesterVistraHighlightsDiagnosticsSettings::settingsControllerModule()
 {
     std::vector<TWRowPtr> rows;
-    for (const Level &level : kLevels)
-        rows.push_back(TWDrillDownRow::rowWithTitle(QString::fromLatin1(level.title), QString()));
+    for (const Level &level : kLevels) {
+        const QString title = QString::fromLatin1(level.title);
+        auto row = TWDrillDownRow::rowWithTitle(title, QString());
+        row->action(TWUIPushViewControllerRowAction::actionWithViewControllerCreator([title, subtype = level.subtype](const TWRowActionContext &) {
+            auto *controller = new VUTesterAssetCollectionFetchResultDiagnosticsViewController(fetchHighlights(subtype));
+            controller->setTitle(title);
+            return controller;
+        }));
+        rows.push_back(std::move(row));
+    }
     return TWModule::moduleWithTitle(QStringLiteral("Highlights"), {
         TWSection::sectionWithRows(std::move(rows)),
         restoreDefaultsSection(),

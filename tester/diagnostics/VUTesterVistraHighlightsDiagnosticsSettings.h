@@ -4,6 +4,8 @@
 
 #include "shell/VUTesterSettings.h"
 
+#include <photos/VHAssetCollection.h>
+
 class VUTESTER_EXPORT VUTesterVistraHighlightsDiagnosticsSettings : public VUTesterChildSettings<VUTesterVistraHighlightsDiagnosticsSettings> {
     Q_OBJECT
 public:
@@ -16,4 +18,6 @@ public:
         qint64 subtype;
     };
     static const Level kLevels[4];
+    // The shared library's highlights of one subtype, by start date.
+    static VHFetchResult<VHAssetCollection> fetchHighlights(qint64 subtype);
 };

@@ -29,16 +29,6 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("1-Up Presentation"));
-}
-
-TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));
-}
-
 TWModulePtr VUTesterSwipeDownSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Swipe Down"));
@@ -49,29 +39,9 @@ TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));
 }
 
-TWModulePtr VUTesterActivitySettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Activity Controller"));
-}
-
-TWModulePtr VUTesterVideoOverlayButtonSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Overlay Button"));
-}
-
-TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));
-}
-
 TWModulePtr VUTesterViewSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Views"));
-}
-
-TWModulePtr VUTesterTransitionSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Transition"));
 }
 
 TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
@@ -82,11 +52,6 @@ TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
 TWModulePtr VUTesterLumoSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Stir Shots"));
-}
-
-TWModulePtr VUTesterLiveWallpaperSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Live Wallpaper"));
 }
 
 TWModulePtr VUTesterSampleAccessoryViewSettings::settingsControllerModule()

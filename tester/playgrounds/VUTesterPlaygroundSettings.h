@@ -36,20 +36,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSettings<VUTesterOneUpPresentationSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "oneUpPresentationSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoScrubberSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
     Q_OBJECT
 public:
@@ -64,38 +50,10 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VUTesterActivitySettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "activityProgressSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterVideoOverlayButtonSettings : public VUTesterChildSettings<VUTesterVideoOverlayButtonSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoOverlayButtonSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "contextualNotificationsSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "viewSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterTransitionSettings : public VUTesterChildSettings<VUTesterTransitionSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "transitionSettings";
     static TWModulePtr settingsControllerModule();
 };
 
@@ -110,13 +68,6 @@ class VUTESTER_EXPORT VUTesterLumoSettings : public VUTesterChildSettings<VUTest
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "lumoSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterLiveWallpaperSettings : public VUTesterChildSettings<VUTesterLiveWallpaperSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "liveWallpaperSettings";
     static TWModulePtr settingsControllerModule();
 };
 

@@ -12,6 +12,13 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/activity/VUTesterActivitySettings.h"
+#include "playgrounds/notifications/VUTesterContextualNotificationsSettings.h"
+#include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
+#include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
+#include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
+#include "playgrounds/transition/VUTesterTransitionSettings.h"
+#include "playgrounds/wallpaper/VUTesterLiveWallpaperSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {

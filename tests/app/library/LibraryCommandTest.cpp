@@ -215,4 +215,35 @@ TEST_F(LibraryCommandTest, JsonCarriesWhatTheTextShows)
     EXPECT_TRUE(run({"library", "highlights", "--subtype", "years"}).out.contains(QStringLiteral("\t2 assets (2 photos, 0 videos)\t")));
 }
 
+// --details prints what the diagnostics screens show of each highlight: its cell's lines, then its
+// five sections with their counts; --json carries the same.
+TEST_F(LibraryCommandTest, HighlightDetailsAreWhatTheDiagnosticsScreensShow)
+{
+    const QDateTime date(QDate(2024, 5, 1), QTime(10, 0), Qt::UTC);
+    for (int i = 0; i < 3; ++i) {
+        const QString photo = path(QStringLiteral("p%1.jpg").arg(i));
+        ASSERT_TRUE(writePhoto(photo, {QSize(40, 30), date.addSecs(i * 600), std::make_pair(48.85, 2.35), {}}));
+        ASSERT_EQ(run({"library", "import", photo}).status, 0);
+    }
+    const cli::Result details = run({"library", "highlights", "--subtype", "days", "--details"});
+    ASSERT_EQ(details.status, 0) << details.err.toStdString();
+    const QStringList lines = details.out.split('\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 10) << details.out.toStdString();
+    EXPECT_EQ(lines[0], QStringLiteral("days #0: Paris"));
+    EXPECT_TRUE(lines[2].startsWith(QStringLiteral("  Date Range: "))) << lines[2].toStdString();
+    EXPECT_EQ(lines[3], QStringLiteral("  curated: ✅ enriched: ✅"));
+    EXPECT_TRUE(lines[4].startsWith(QStringLiteral("  promotionScore: 0."))) << lines[4].toStdString();
+    EXPECT_EQ(lines.mid(5), QStringList({"  Key Asset (1)", "  Summary (3)", "  Extended (3)", "  Curated Assets (3)", "  Assets (3)"}));
+
+    const QJsonArray objects = json(run({"library", "highlights", "--subtype", "days", "--details", "--json"})).array();
+    ASSERT_EQ(objects.size(), 1);
+    const QJsonObject cell = objects[0].toObject().value("cell").toObject();
+    EXPECT_EQ(cell.value("title").toString(), QStringLiteral("#0: Paris"));
+    EXPECT_EQ(cell.value("lines").toArray().size(), 3);
+    const QJsonArray sections = objects[0].toObject().value("sections").toArray();
+    ASSERT_EQ(sections.size(), 5);
+    EXPECT_EQ(sections[4].toObject().value("title").toString(), QStringLiteral("Assets (3)"));
+    EXPECT_EQ(sections[0].toObject().value("count").toInt(), 1);
+}
+
 } // namespace

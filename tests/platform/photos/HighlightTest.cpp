@@ -4,6 +4,7 @@
 #include "PhotoLibraryFixture.h"
 
 #include "photos/HighlightRules.h"
+#include "photos/PlaceNames.h"
 #include "photos/VHAssetCollection.h"
 
 #include <cstdlib>
@@ -17,9 +18,10 @@ namespace {
 
 class HighlightTest : public PhotoLibraryFixture {
 protected:
-    void addPhoto(const QDateTime &date, bool favorite = false, QSize size = QSize(32, 24))
+    void addPhoto(const QDateTime &date, bool favorite = false, QSize size = QSize(32, 24),
+                  std::optional<std::pair<double, double>> location = {})
     {
-        const QString path = photo(QStringLiteral("p%1.jpg").arg(m_counter++), {size, date, {}, {}});
+        const QString path = photo(QStringLiteral("p%1.jpg").arg(m_counter++), {size, date, location, {}});
         VHError error;
         ASSERT_TRUE(m_library->performChangesAndWait(
             [&] {
@@ -227,6 +229,65 @@ TEST_F(HighlightTest, FewAssetsAreNotCuratedAndPlacesEnrich)
     const double score = rules::promotionScore(totals);
     EXPECT_GT(score, 0.0);
     EXPECT_LT(score, 1.0);
+}
+
+// Days and trips with a named place are titled by it and carry their dates as the subtitle;
+// periods without one, and months and years always, are titled by their dates.
+TEST_F(HighlightTest, PlacesTitleDaysAndTripsWithTheirDatesBeneath)
+{
+    const std::pair<double, double> nearParis{48.85, 2.30};
+    const std::pair<double, double> midAtlantic{30.0, -40.0};
+    addPhoto(local(2021, 7, 1, 10), false, QSize(32, 24), nearParis);
+    addPhoto(local(2021, 7, 1, 12), false, QSize(32, 24), nearParis);
+    addPhoto(local(2021, 7, 2, 9), false, QSize(32, 24), midAtlantic);
+
+    const auto days = highlights(VHAssetCollectionSubtypeHighlightDays);
+    ASSERT_EQ(days.count(), 2);
+    EXPECT_EQ(days.objectAtIndex(0).localizedTitle(), QStringLiteral("Paris"));
+    EXPECT_EQ(days.objectAtIndex(0).localizedSubtitle(), rules::dateRangeText(QDate(2021, 7, 1), QDate(2021, 7, 1)));
+    EXPECT_EQ(days.objectAtIndex(1).localizedTitle(), QLocale().toString(QDate(2021, 7, 2), QLocale::LongFormat));
+    EXPECT_EQ(days.objectAtIndex(1).localizedSubtitle(), QStringLiteral("1 Photo"));
+
+    const auto groups = highlights(VHAssetCollectionSubtypeHighlightDayGroups);
+    ASSERT_EQ(groups.count(), 1);
+    EXPECT_EQ(groups.firstObject().localizedTitle(), QStringLiteral("Paris"));
+    EXPECT_EQ(groups.firstObject().localizedSubtitle(), rules::dateRangeText(QDate(2021, 7, 1), QDate(2021, 7, 2)));
+    EXPECT_EQ(highlights(VHAssetCollectionSubtypeHighlightMonths).firstObject().localizedTitle(),
+              QStringLiteral("%1 2021").arg(QLocale().standaloneMonthName(7)));
+}
+
+TEST_F(HighlightTest, PlaceTitlesPreferTheKeyAssetThenTheMostSharedPlace)
+{
+    auto at = [](qint64 id, double latitude, double longitude) {
+        Candidate candidate{id, id, id, 1, false, true, false};
+        candidate.latitude = latitude;
+        candidate.longitude = longitude;
+        return candidate;
+    };
+    const Candidate tokyo = at(1, 35.68, 139.69);
+    const Candidate paris1 = at(2, 48.86, 2.35), paris2 = at(3, 48.80, 2.40);
+    const Candidate nowhere = at(4, 0.5, -160.0);
+    EXPECT_EQ(rules::placeTitle({tokyo, paris1, paris2}, 0), QStringLiteral("Paris"));
+    EXPECT_EQ(rules::placeTitle({tokyo, paris1, paris2}, 1), QStringLiteral("Tokyo"));
+    // Equal counts: the earliest place; an unnamed key asset leaves the choice to the others.
+    EXPECT_EQ(rules::placeTitle({paris1, tokyo}, 0), QStringLiteral("Paris"));
+    EXPECT_EQ(rules::placeTitle({nowhere, tokyo}, 4), QStringLiteral("Tokyo"));
+    Candidate unlocated = at(5, 35.68, 139.69);
+    unlocated.located = false;
+    EXPECT_EQ(rules::placeTitle({nowhere, unlocated}, 0), QString());
+    // Cities of other continents' zones are found by name, with spaces for underscores.
+    EXPECT_EQ(photos::detail::PlaceNames::nameOfPlace(40.71, -74.0), QStringLiteral("New York"));
+}
+
+TEST_F(HighlightTest, DateRangesReadAsAPersonWritesThem)
+{
+    const QLocale saved;
+    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    EXPECT_EQ(rules::dateRangeText(QDate(2024, 3, 12), QDate(2024, 3, 12)), QStringLiteral("12 March 2024"));
+    EXPECT_EQ(rules::dateRangeText(QDate(2024, 3, 12), QDate(2024, 3, 14)), QStringLiteral("12 – 14 March 2024"));
+    EXPECT_EQ(rules::dateRangeText(QDate(2024, 3, 30), QDate(2024, 4, 2)), QStringLiteral("30 March – 2 April 2024"));
+    EXPECT_EQ(rules::dateRangeText(QDate(2023, 12, 30), QDate(2024, 1, 2)), QStringLiteral("30 December 2023 – 2 January 2024"));
+    QLocale::setDefault(saved);
 }
 
 } // namespace
