@@ -59,11 +59,6 @@ TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));
 }
 
-TWModulePtr VUTesterViewSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Views"));
-}
-
 TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("User Transforms"));

@@ -78,13 +78,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "viewSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
     Q_OBJECT
 public:

@@ -14,6 +14,7 @@
 #include "playgrounds/VUTesterPlaygroundSettings.h"
 #include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
+#include "playgrounds/views/VUTesterViewSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {
