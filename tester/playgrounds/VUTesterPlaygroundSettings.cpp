@@ -34,11 +34,6 @@ TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));
 }
 
-TWModulePtr VUTesterSwipeDownSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Swipe Down"));
-}
-
 TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));

@@ -43,13 +43,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "swipeDownSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterVistraPickerSettings : public VUTesterChildSettings<VUTesterVistraPickerSettings> {
     Q_OBJECT
 public:

@@ -13,6 +13,7 @@
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
 #include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
+#include "playgrounds/swipedown/VUTesterSwipeDownSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
 #include "playgrounds/views/VUTesterViewSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
