@@ -54,11 +54,6 @@ TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));
 }
 
-TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("User Transforms"));
-}
-
 TWModulePtr VUTesterLumoSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Stir Shots"));

@@ -71,13 +71,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "userTransformsSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterLumoSettings : public VUTesterChildSettings<VUTesterLumoSettings> {
     Q_OBJECT
 public:

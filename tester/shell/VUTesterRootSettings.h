@@ -15,6 +15,7 @@
 #include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
 #include "playgrounds/swipedown/VUTesterSwipeDownSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
+#include "playgrounds/usertransforms/VUTesterUserTransformsSettings.h"
 #include "playgrounds/views/VUTesterViewSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 

@@ -39,6 +39,11 @@ void VUSpringDriver::cancel()
     _end(false);
 }
 
+bool VUSpringDriver::isRunning() const
+{
+    return m_link->isValid();
+}
+
 void VUSpringDriver::_end(bool finished)
 {
     if (!m_link->isValid())

@@ -30,6 +30,8 @@ public:
 
     // Stops where it is; the completion hears it did not finish.
     void cancel();
+    // False once it has ended, though it may not have been deleted yet.
+    bool isRunning() const;
 
 private:
     VUSpringDriver(QWidget *view, const VUSpring &spring, double velocity, Step step, Completion completion);
