@@ -3,28 +3,7 @@
 #include "browsing/VUAspectFitImageView.h"
 
 #include "ui/BackgroundColor.h"
-
-#include <QResizeEvent>
-
-namespace {
-
-// The presented view: the photo fills it, moved by the current offset whenever either changes.
-class PhotoStage : public QWidget {
-public:
-    explicit PhotoStage(std::function<void()> resized) : m_resized(std::move(resized)) {}
-
-protected:
-    void resizeEvent(QResizeEvent *event) override
-    {
-        QWidget::resizeEvent(event);
-        m_resized();
-    }
-
-private:
-    std::function<void()> m_resized;
-};
-
-} // namespace
+#include "ui/ResizingView.h"
 
 VUSwipeDownPhotoViewController::VUSwipeDownPhotoViewController(graphics::ImagePtr photo, const VUSwipeDownParameters &parameters,
                                                                QObject *parent)
@@ -36,7 +15,8 @@ VUSwipeDownPhotoViewController::VUSwipeDownPhotoViewController(graphics::ImagePt
 
 QWidget *VUSwipeDownPhotoViewController::loadView()
 {
-    auto *stage = new PhotoStage([this] {
+    // The photo fills the view, moved by the current offset whenever either changes.
+    auto *stage = new ui::ResizingView([this] {
         if (m_interaction)
             _layout(m_interaction->offset(), m_interaction->backgroundAlpha());
     });

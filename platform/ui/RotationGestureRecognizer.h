@@ -4,11 +4,11 @@
 // points down) and its velocity in radians per second. It ends when fewer than two touches are
 // left. Turns add up past a half turn: two full turns are 4 pi, not 0.
 
-#include "GestureRecognizer.h"
+#include "TwoTouchGestureRecognizer.h"
 
 namespace ui {
 
-class RotationGestureRecognizer : public GestureRecognizer {
+class RotationGestureRecognizer : public TwoTouchGestureRecognizer {
     Q_OBJECT
 public:
     // How far the touches must turn before the rotation begins, in radians.
@@ -16,15 +16,13 @@ public:
 
     explicit RotationGestureRecognizer(QWidget *view);
 
-    double rotation() const { return m_rotation; }
+    double rotation() const { return lastValue(); }
     // Sets the rotation; later turns add onto it.
     void setRotation(double rotation);
-    double velocity() const { return m_velocity; }
 
 protected:
     void touchesBegan(const QList<Touch> &touches, double timestamp) override;
     void touchesMoved(const QList<Touch> &touches, double timestamp) override;
-    void touchesEnded(const QList<Touch> &touches, double timestamp) override;
     void reset() override;
 
 private:
@@ -34,9 +32,6 @@ private:
     double m_lastAngle = 0;
     double m_turned = 0;
     double m_base = 0;
-    double m_rotation = 0;
-    double m_velocity = 0;
-    double m_lastTime = 0;
 };
 
 } // namespace ui
