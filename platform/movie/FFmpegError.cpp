@@ -1,7 +1,10 @@
 #include "FFmpegError.h"
 
+#include <mutex>
+
 extern "C" {
 #include <libavutil/error.h>
+#include <libavutil/log.h>
 }
 
 namespace movie {
@@ -11,6 +14,12 @@ QString ffmpegErrorText(int code)
     char text[AV_ERROR_MAX_STRING_SIZE] = {};
     av_strerror(code, text, sizeof text);
     return QString::fromUtf8(text);
+}
+
+void quietenFFmpegLogging()
+{
+    static std::once_flag once;
+    std::call_once(once, [] { av_log_set_level(AV_LOG_ERROR); });
 }
 
 } // namespace movie

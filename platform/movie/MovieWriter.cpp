@@ -56,9 +56,7 @@ void setDisplayMatrix(AVStream *stream, const QTransform &transform)
 
 std::shared_ptr<MovieWriter> MovieWriter::create(const QString &path, MovieFileType type)
 {
-    // FFmpeg and x264 chat about every encode on stderr; failures reach callers as errors instead.
-    static std::once_flag quiet;
-    std::call_once(quiet, [] { av_log_set_level(AV_LOG_ERROR); });
+    quietenFFmpegLogging();
     return std::shared_ptr<MovieWriter>(new MovieWriter(path, type));
 }
 

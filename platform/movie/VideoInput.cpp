@@ -62,6 +62,8 @@ bool VideoInput::open(qint32 timescale, bool globalHeader, QString *error)
     m_codec->color_range = AVCOL_RANGE_MPEG;
     if (globalHeader)
         m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    if (m_settings.maxKeyFrameInterval > 0)
+        m_codec->gop_size = m_settings.maxKeyFrameInterval;
     av_opt_set(m_codec->priv_data, "preset", kX264Preset, 0);
     if (failed(avcodec_open2(m_codec, encoder, nullptr), "cannot open the H.264 encoder", error))
         return false;

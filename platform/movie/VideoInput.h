@@ -24,11 +24,13 @@ class PixelBuffer;
 
 inline const QString kVideoCodecH264 = QStringLiteral("h264");
 
-// The encoder's output settings: codec, then width and height of the encoded picture.
+// The encoder's output settings: codec, then width and height of the encoded picture, and at most
+// how many pictures apart key frames stand (0: the encoder's own choice, 250 for x264).
 struct VideoOutputSettings {
     QString codec;
     int width = 0;
     int height = 0;
+    int maxKeyFrameInterval = 0;
 };
 
 class VideoInput {

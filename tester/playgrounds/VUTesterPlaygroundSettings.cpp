@@ -29,39 +29,14 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterVideoScrubberSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Scrubber"));
-}
-
 TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));
 }
 
-TWModulePtr VUTesterActivitySettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Activity Controller"));
-}
-
-TWModulePtr VUTesterVideoOverlayButtonSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Video Overlay Button"));
-}
-
-TWModulePtr VUTesterContextualNotificationsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Contextual Notifications"));
-}
-
 TWModulePtr VUTesterLumoSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Stir Shots"));
-}
-
-TWModulePtr VUTesterLiveWallpaperSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Live Wallpaper"));
 }
 
 TWModulePtr VUTesterSampleAccessoryViewSettings::settingsControllerModule()

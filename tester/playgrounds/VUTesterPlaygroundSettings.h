@@ -36,13 +36,6 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterVideoScrubberSettings : public VUTesterChildSettings<VUTesterVideoScrubberSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoScrubberSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterVistraPickerSettings : public VUTesterChildSettings<VUTesterVistraPickerSettings> {
     Q_OBJECT
 public:
@@ -50,38 +43,10 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterActivitySettings : public VUTesterChildSettings<VUTesterActivitySettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "activityProgressSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterVideoOverlayButtonSettings : public VUTesterChildSettings<VUTesterVideoOverlayButtonSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "videoOverlayButtonSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterContextualNotificationsSettings : public VUTesterChildSettings<VUTesterContextualNotificationsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "contextualNotificationsSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterLumoSettings : public VUTesterChildSettings<VUTesterLumoSettings> {
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "lumoSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterLiveWallpaperSettings : public VUTesterChildSettings<VUTesterLiveWallpaperSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "liveWallpaperSettings";
     static TWModulePtr settingsControllerModule();
 };
 

@@ -12,11 +12,16 @@
 #include "perf/VUTesterValueFiltersSettings.h"
 #include "perf/VUTesterVexoSettings.h"
 #include "playgrounds/VUTesterPlaygroundSettings.h"
+#include "playgrounds/activity/VUTesterActivitySettings.h"
+#include "playgrounds/notifications/VUTesterContextualNotificationsSettings.h"
 #include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
+#include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
+#include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
 #include "playgrounds/swipedown/VUTesterSwipeDownSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
 #include "playgrounds/usertransforms/VUTesterUserTransformsSettings.h"
 #include "playgrounds/views/VUTesterViewSettings.h"
+#include "playgrounds/wallpaper/VUTesterLiveWallpaperSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 
 class VUTESTER_EXPORT VUTesterRootSettings : public VUTesterSettings {

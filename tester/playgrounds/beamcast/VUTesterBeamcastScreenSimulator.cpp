@@ -8,15 +8,22 @@
 
 #include <QApplication>
 #include <QWidget>
+#include <QWindow>
 
 namespace {
 
-// The first window the application shows.
+// The first window the application shows. Top-level widgets come in no particular order, while
+// the platform windows are listed in the order they were made.
 QWidget *firstWindow()
 {
-    for (QWidget *widget : QApplication::topLevelWidgets())
-        if (widget->windowType() == Qt::Window && widget->isVisible())
-            return widget;
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWindow *handle : QGuiApplication::topLevelWindows()) {
+        if (!handle->isVisible())
+            continue;
+        for (QWidget *widget : widgets)
+            if (widget->windowHandle() == handle && widget->windowType() == Qt::Window)
+                return widget;
+    }
     return nullptr;
 }
 

@@ -319,9 +319,13 @@ TEST_F(BeamcastSimulatorTest, OneUpPlaygroundSendsTheCurrentItemToTheSimulatedSc
     settings->setBeamcastScreenWidth(320);
 
     auto *playground = new VUTesterOneUpPresentationPlaygroundViewController(*settings);
-    // In the fixture's window: with two windows shown, which one is the first is up to the
-    // toolkit's order of top-level widgets.
-    m_window.setRootViewController(new ui::NavigationController(playground));
+    // A second window: the simulated screen still goes over the first one the application made.
+    auto *navigation = new ui::NavigationController(playground);
+    ui::Window window;
+    window.setRootViewController(navigation);
+    window.resize(390, 700);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
     ASSERT_NE(playground->oneUpViewController(), nullptr);
     EXPECT_EQ(playground->oneUpViewController()->currentIndexPath(), ui::IndexPath::forItem(1, 0));
 
