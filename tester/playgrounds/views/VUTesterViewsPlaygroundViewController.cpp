@@ -1,5 +1,6 @@
 #include "playgrounds/views/VUTesterViewsPlaygroundViewController.h"
 
+#include "playgrounds/VUTesterPlaygroundViews.h"
 #include "playgrounds/views/VUTesterViewSettings.h"
 
 #include <views/VUDurationBadgeView.h>
@@ -161,11 +162,7 @@ QWidget *VUTesterViewsPlaygroundViewController::loadView()
     for (const Entry &entry : entries) {
         if (section != QLatin1String(entry.section)) {
             section = QString::fromLatin1(entry.section);
-            auto *header = new QLabel(section);
-            QFont bold = header->font();
-            bold.setBold(true);
-            header->setFont(bold);
-            column->addWidget(header);
+            column->addWidget(VUTesterPlaygroundHeading(section));
             grid = new QGridLayout;
             grid->setHorizontalSpacing(10);
             grid->setVerticalSpacing(8);
