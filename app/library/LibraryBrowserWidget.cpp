@@ -4,10 +4,11 @@
 
 #include <photos/VHImageManager.h>
 #include <photos/VHPhotoLibrary.h>
+#include <views/VUDurationBadgeView.h>
+#include <views/VUStirShotBadgeView.h>
 
 #include <QEvent>
 #include <QLabel>
-#include <QLinearGradient>
 #include <QListView>
 #include <QLocale>
 #include <QPainter>
@@ -48,53 +49,12 @@ public:
         }
         const QString duration = index.data(LibraryThumbnailModel::DurationTextRole).toString();
         if (!duration.isEmpty())
-            paintDuration(painter, cell, duration);
+            VUDurationBadgeView::paintDurationBadge(*painter, QRectF(cell), duration, Qt::white);
         if (index.data(LibraryThumbnailModel::StirShotRole).toBool())
-            paintStirShotMark(painter, QPointF(cell.left() + 13, cell.top() + 13));
+            VUStirShotBadgeView::paintStirShotBadge(*painter, QPointF(cell.left() + 13, cell.top() + 13), VUStirShotBadgeView::kDefaultSize,
+                                                    Qt::white);
         if (option.state & QStyle::State_Selected)
             painter->fillRect(cell, QColor(0, 120, 215, 90));
-    }
-
-private:
-    // A video's length at the bottom right, white over a shade that keeps it readable on any picture.
-    static void paintDuration(QPainter *painter, const QRect &cell, const QString &text)
-    {
-        painter->save();
-        const QRectF shade(cell.left(), cell.bottom() + 1 - 24, cell.width(), 24);
-        QLinearGradient gradient(shade.topLeft(), shade.bottomLeft());
-        gradient.setColorAt(0, QColor(0, 0, 0, 0));
-        gradient.setColorAt(1, QColor(0, 0, 0, 120));
-        painter->fillRect(shade, gradient);
-        QFont font = painter->font();
-        font.setPixelSize(11);
-        font.setWeight(QFont::DemiBold);
-        painter->setFont(font);
-        painter->setPen(Qt::white);
-        painter->drawText(QRectF(cell).adjusted(4, 4, -5, -3), Qt::AlignRight | Qt::AlignBottom, text);
-        painter->restore();
-    }
-
-    // The Stir Shot mark at the top left: a dotted ring around a ring around a dot, in white with
-    // a soft dark outline so it shows on light pictures too.
-    static void paintStirShotMark(QPainter *painter, QPointF centre)
-    {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        for (const bool outline : {true, false}) {
-            const QColor colour = outline ? QColor(0, 0, 0, 90) : QColor(Qt::white);
-            const double widen = outline ? 1.2 : 0;
-            QPen dotted(colour, 1.3 + widen, Qt::CustomDashLine, Qt::RoundCap);
-            dotted.setDashPattern({0.1, 2.2});
-            painter->setPen(dotted);
-            painter->setBrush(Qt::NoBrush);
-            painter->drawEllipse(centre, 8.0, 8.0);
-            painter->setPen(QPen(colour, 1.4 + widen));
-            painter->drawEllipse(centre, 5.0, 5.0);
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(colour);
-            painter->drawEllipse(centre, 2.2 + widen / 2, 2.2 + widen / 2);
-        }
-        painter->restore();
     }
 
 private:

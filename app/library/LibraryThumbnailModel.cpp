@@ -1,5 +1,7 @@
 #include "LibraryThumbnailModel.h"
 
+#include <views/VUDurationBadgeView.h>
+
 #include <QPointer>
 
 #include <cmath>
@@ -8,12 +10,6 @@ namespace {
 
 // Enough for a few screens of large thumbnails.
 constexpr int kCachedThumbnails = 2000;
-
-QString durationText(double seconds)
-{
-    const qint64 s = std::llround(std::max(0.0, seconds));
-    return s >= 3600 ? QString::asprintf("%lld:%02lld:%02lld", s / 3600, s / 60 % 60, s % 60) : QString::asprintf("%lld:%02lld", s / 60, s % 60);
-}
 
 } // namespace
 
@@ -62,7 +58,7 @@ QVariant LibraryThumbnailModel::data(const QModelIndex &index, int role) const
         return {};
     }
     case DurationTextRole:
-        return asset.mediaType() == VHAssetMediaType::Video ? QVariant(durationText(asset.duration())) : QVariant();
+        return asset.mediaType() == VHAssetMediaType::Video ? QVariant(VUDurationBadgeView::textForDuration(asset.duration())) : QVariant();
     case StirShotRole:
         return asset.isMovingPhoto();
     case Qt::ToolTipRole:
@@ -81,7 +77,7 @@ QVariant LibraryThumbnailModel::data(const QModelIndex &index, int role) const
 QString LibraryThumbnailModel::kindText(const VHAsset &asset, const QString &separator)
 {
     if (asset.mediaType() == VHAssetMediaType::Video)
-        return separator + tr("Video, %1").arg(durationText(asset.duration()));
+        return separator + tr("Video, %1").arg(VUDurationBadgeView::textForDuration(asset.duration()));
     if (asset.isMovingPhoto())
         return separator + tr("Stir Shot");
     return {};

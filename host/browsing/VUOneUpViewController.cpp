@@ -3,6 +3,7 @@
 #include "VUAssetImageView.h"
 
 #include "ui/CollectionViewFlowLayout.h"
+#include "ui/ResizingView.h"
 #include "ui/TapGestureRecognizer.h"
 
 #include <algorithm>
@@ -78,22 +79,6 @@ private:
     VUAssetImageView *m_imageView;
 };
 
-// The browser's view: tells its controller when its size changes, so pages follow.
-class PagesView : public QWidget {
-public:
-    explicit PagesView(std::function<void()> resized) : m_resized(std::move(resized)) { paintBlack(this); }
-
-protected:
-    void resizeEvent(QResizeEvent *event) override
-    {
-        QWidget::resizeEvent(event);
-        m_resized();
-    }
-
-private:
-    std::function<void()> m_resized;
-};
-
 } // namespace
 
 VUOneUpViewController::VUOneUpViewController(VUBrowsingSessionPtr browsingSession, const ui::IndexPath &initialIndexPath, QObject *parent)
@@ -124,7 +109,9 @@ VUOneUpViewController::~VUOneUpViewController()
 
 QWidget *VUOneUpViewController::loadView()
 {
-    auto *view = new PagesView([this] { pagesResized(); });
+    // Pages follow the view's size.
+    auto *view = new ui::ResizingView([this] { pagesResized(); });
+    paintBlack(view);
     m_layout = new ui::CollectionViewFlowLayout;
     m_layout->setScrollDirection(ui::CollectionViewFlowLayout::ScrollDirection::Horizontal);
     m_layout->setMinimumInteritemSpacing(0);

@@ -7,14 +7,18 @@
 void VUCrossfadeAnimatedTransitioning::animateTransition(ui::TransitionContext &context)
 {
     const bool push = context.operation() != ui::NavigationOperation::Pop;
-    QWidget *top = context.viewForKey(push ? ui::TransitionContext::Key::To : ui::TransitionContext::Key::From);
+    QPointer<QWidget> top = context.viewForKey(push ? ui::TransitionContext::Key::To : ui::TransitionContext::Key::From);
+    if (!top) {
+        context.completeTransition();
+        return;
+    }
     QPointer<QGraphicsOpacityEffect> fade = new QGraphicsOpacityEffect(top);
     top->setGraphicsEffect(fade);
     context.addAnimations([fade, push](double progress) {
         if (fade)
             fade->setOpacity(push ? progress : 1 - progress);
-    }, QEasingCurve::Linear);
-    context.addCompletion([&context, top = QPointer<QWidget>(top)] {
+    }, m_curve);
+    context.addCompletion([&context, top] {
         if (top)
             top->setGraphicsEffect(nullptr);
         context.completeTransition();

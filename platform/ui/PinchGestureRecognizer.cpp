@@ -13,7 +13,10 @@ constexpr double kBeginDistance = 5;
 
 } // namespace
 
-PinchGestureRecognizer::PinchGestureRecognizer(QWidget *view) : GestureRecognizer(view) {}
+PinchGestureRecognizer::PinchGestureRecognizer(QWidget *view) : TwoTouchGestureRecognizer(view)
+{
+    restart(1);
+}
 
 double PinchGestureRecognizer::spread() const
 {
@@ -25,15 +28,14 @@ void PinchGestureRecognizer::setScale(double scale)
 {
     const double current = m_initialSpread > 0 ? spread() / m_initialSpread : 1;
     m_base = current > 0 ? scale / current : scale;
-    m_scale = scale;
-    m_velocity = 0;
+    restart(scale);
 }
 
 void PinchGestureRecognizer::touchesBegan(const QList<Touch> &, double timestamp)
 {
     if (touches().size() == 2 && state() == State::Possible) {
         m_initialSpread = spread();
-        m_lastTime = timestamp;
+        startClock(timestamp);
     }
 }
 
@@ -42,35 +44,17 @@ void PinchGestureRecognizer::touchesMoved(const QList<Touch> &, double timestamp
     if (touches().size() < 2 || m_initialSpread <= 0)
         return;
     const double current = spread();
-    const bool possible = state() == State::Possible;
-    if (possible && std::abs(current - m_initialSpread) < kBeginDistance)
+    if (state() == State::Possible && std::abs(current - m_initialSpread) < kBeginDistance)
         return;
-    const double scale = m_base * current / m_initialSpread;
-    const double dt = timestamp - m_lastTime;
-    if (dt > 0)
-        m_velocity = (scale - m_scale) / dt;
-    m_scale = scale;
-    m_lastTime = timestamp;
-    setState(possible ? State::Began : State::Changed);
-}
-
-void PinchGestureRecognizer::touchesEnded(const QList<Touch> &ended, double)
-{
-    const qsizetype remaining = touches().size() - ended.size();
-    if (state() == State::Began || state() == State::Changed) {
-        if (remaining < 2)
-            setState(State::Ended);
-    } else if (remaining == 0) {
-        setState(State::Failed);
-    }
+    report(m_base * current / m_initialSpread, timestamp);
 }
 
 void PinchGestureRecognizer::reset()
 {
+    TwoTouchGestureRecognizer::reset();
     m_initialSpread = 0;
     m_base = 1;
-    m_scale = 1;
-    m_velocity = 0;
+    restart(1);
 }
 
 } // namespace ui

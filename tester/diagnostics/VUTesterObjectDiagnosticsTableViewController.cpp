@@ -2,6 +2,8 @@
 
 #include "diagnostics/VUTesterVistraKitObjectDiagnosticsTableViewCell.h"
 
+#include "ui/BackgroundColor.h"
+
 VUTesterObjectDiagnosticsTableViewController::VUTesterObjectDiagnosticsTableViewController(QObject *parent)
     : ui::TableViewController(ui::TableViewStyle::Plain, parent)
 {
@@ -12,6 +14,9 @@ VUTesterObjectDiagnosticsTableViewController::~VUTesterObjectDiagnosticsTableVie
 void VUTesterObjectDiagnosticsTableViewController::viewDidLoad()
 {
     ui::TableViewController::viewDidLoad();
+    // The rows draw their own separators, so the table is the rows' colour all the way down,
+    // below the last row too.
+    ui::setBackgroundColor(tableView(), tableView()->palette().color(QPalette::Base));
     tableView()->registerCellFactory(VUTesterVistraKitObjectDiagnosticsTableViewCell::identifier(),
                                      VUTesterVistraKitObjectDiagnosticsTableViewCell::nib());
 }

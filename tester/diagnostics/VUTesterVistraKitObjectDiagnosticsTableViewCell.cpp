@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QLayout>
+#include <QPainter>
 
 VUTesterVistraKitObjectDiagnosticsTableViewCell::VUTesterVistraKitObjectDiagnosticsTableViewCell()
     : m_ui(std::make_unique<Ui::VUTesterVistraKitObjectDiagnosticsTableViewCell>())
@@ -92,6 +93,14 @@ bool VUTesterVistraKitObjectDiagnosticsTableViewCell::event(QEvent *event)
     if (event->type() == QEvent::LayoutRequest)
         layoutIfNeeded();
     return ui::CollectionViewCell::event(event);
+}
+
+void VUTesterVistraKitObjectDiagnosticsTableViewCell::paintEvent(QPaintEvent *event)
+{
+    ui::CollectionViewCell::paintEvent(event);
+    QPainter painter(this);
+    const int inset = m_ui->row->contentsMargins().left();
+    painter.fillRect(QRect(inset, height() - 1, width() - inset, 1), palette().color(QPalette::Midlight));
 }
 
 void VUTesterVistraKitObjectDiagnosticsTableViewCell::layoutIfNeeded()

@@ -3,7 +3,7 @@
 // lines and a thumbnail. Setting the object asks for a layout pass, which runs later, once the
 // table has also set the index and count, and fills the labels and requests the thumbnail. A
 // cell that is reused, or given another object, cancels the thumbnail it asked for, so a fast
-// scroll never shows a stale picture.
+// scroll never shows a stale picture. Each cell draws the separator below itself.
 
 #include "diagnostics/VUTesterVistraKitObjectDiagnosticsContent.h"
 
@@ -60,6 +60,8 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    // A hairline along the bottom, from where the texts' margin starts.
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void _commonVUTesterVistraKitObjectDiagnosticsTableViewCellInit();

@@ -22,10 +22,8 @@ void VUTesterAnimationsSettings::setDefaultValues()
 
 TWModulePtr VUTesterAnimationsSettings::settingsControllerModule()
 {
-    auto slider = [](const char *title, const char *key, double min, double max, double step) -> TWRowPtr {
-        auto row = TWSliderRow::rowWithTitle(QString::fromUtf8(title), QString::fromLatin1(key));
-        row->minValue(min, max)->vu_increment(step);
-        return row;
+    const auto slider = [](const char *title, const char *key, double min, double max, double step) {
+        return sliderRow(QString::fromUtf8(title), QString::fromLatin1(key), min, max, step);
     };
     return TWModule::moduleWithTitle(QStringLiteral("Animations"), {
         TWSection::sectionWithRows({playgroundRow(QStringLiteral("Test Initial Velocities"),

@@ -29,24 +29,9 @@ TWModulePtr VUTesterSharingSettings::settingsControllerModule()
     return VUTesterPlaygroundModule(QStringLiteral("Sharing"));
 }
 
-TWModulePtr VUTesterSwipeDownSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Swipe Down"));
-}
-
 TWModulePtr VUTesterVistraPickerSettings::settingsControllerModule()
 {
     return VUTesterPlaygroundModule(QStringLiteral("Vistra Picker"));
-}
-
-TWModulePtr VUTesterViewSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("Views"));
-}
-
-TWModulePtr VUTesterUserTransformsSettings::settingsControllerModule()
-{
-    return VUTesterPlaygroundModule(QStringLiteral("User Transforms"));
 }
 
 TWModulePtr VUTesterLumoSettings::settingsControllerModule()

@@ -36,31 +36,10 @@ public:
     static TWModulePtr settingsControllerModule();
 };
 
-class VUTESTER_EXPORT VUTesterSwipeDownSettings : public VUTesterChildSettings<VUTesterSwipeDownSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "swipeDownSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
 class VUTESTER_EXPORT VUTesterVistraPickerSettings : public VUTesterChildSettings<VUTesterVistraPickerSettings> {
     Q_OBJECT
 public:
     static constexpr const char *kRootKey = "vistraPickerSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterViewSettings : public VUTesterChildSettings<VUTesterViewSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "viewSettings";
-    static TWModulePtr settingsControllerModule();
-};
-
-class VUTESTER_EXPORT VUTesterUserTransformsSettings : public VUTesterChildSettings<VUTesterUserTransformsSettings> {
-    Q_OBJECT
-public:
-    static constexpr const char *kRootKey = "userTransformsSettings";
     static TWModulePtr settingsControllerModule();
 };
 

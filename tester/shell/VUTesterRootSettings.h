@@ -17,7 +17,10 @@
 #include "playgrounds/oneup/VUTesterOneUpPresentationSettings.h"
 #include "playgrounds/overlay/VUTesterVideoOverlayButtonSettings.h"
 #include "playgrounds/scrubber/VUTesterVideoScrubberSettings.h"
+#include "playgrounds/swipedown/VUTesterSwipeDownSettings.h"
 #include "playgrounds/transition/VUTesterTransitionSettings.h"
+#include "playgrounds/usertransforms/VUTesterUserTransformsSettings.h"
+#include "playgrounds/views/VUTesterViewSettings.h"
 #include "playgrounds/wallpaper/VUTesterLiveWallpaperSettings.h"
 #include "review/VUTesterStoryletsRelatedSettings.h"
 

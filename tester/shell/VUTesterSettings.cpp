@@ -49,6 +49,13 @@ TWRowPtr VUTesterSettings::playgroundRow(const QString &title, std::function<ui:
     });
 }
 
+TWRowPtr VUTesterSettings::sliderRow(const QString &title, const QString &key, double minimum, double maximum, double step)
+{
+    auto row = TWSliderRow::rowWithTitle(title, key);
+    row->minValue(minimum, maximum)->vu_increment(step);
+    return row;
+}
+
 TWSettings *VUTesterSharedRootSettings()
 {
     return VUTesterRootSettings::sharedInstance();

@@ -23,6 +23,8 @@ public:
     static TWSection restoreDefaultsSection(const QString &title = QStringLiteral("Restore Defaults"));
     // A button row that starts a playground; until the playground exists the row has no action.
     static TWRowPtr playgroundRow(const QString &title, std::function<ui::ViewController *()> creator = {});
+    // A slider row on `key` from `minimum` to `maximum` in steps of `step` (0: any value).
+    static TWRowPtr sliderRow(const QString &title, const QString &key, double minimum, double maximum, double step);
 };
 
 // Whole numbers as a choice row's values, stored as 64-bit integers like the keys they go into.

@@ -2,32 +2,7 @@
 
 #include "ui/ViewController.h"
 
-#include <QGraphicsOpacityEffect>
-#include <QPointer>
-#include <QWidget>
-
-double VUTesterCrossfadeNavigationTransition::transitionDuration(const ui::TransitionContext &) const
+VUTesterCrossfadeNavigationTransition::VUTesterCrossfadeNavigationTransition()
+    : VUCrossfadeAnimatedTransitioning(ui::ViewController::transitionDuration() / 1000.0, QEasingCurve::InOutQuad)
 {
-    return ui::ViewController::transitionDuration() / 1000.0;
-}
-
-void VUTesterCrossfadeNavigationTransition::animateTransition(ui::TransitionContext &context)
-{
-    const bool push = context.operation() != ui::NavigationOperation::Pop;
-    QPointer<QWidget> top = context.viewForKey(push ? ui::TransitionContext::Key::To : ui::TransitionContext::Key::From);
-    if (!top) {
-        context.completeTransition();
-        return;
-    }
-    QPointer<QGraphicsOpacityEffect> fade = new QGraphicsOpacityEffect(top);
-    top->setGraphicsEffect(fade);
-    context.addAnimations([fade, push](double progress) {
-        if (fade)
-            fade->setOpacity(push ? progress : 1 - progress);
-    }, QEasingCurve::InOutQuad);
-    context.addCompletion([&context, top] {
-        if (top)
-            top->setGraphicsEffect(nullptr);
-        context.completeTransition();
-    });
 }

@@ -1,14 +1,12 @@
 #pragma once
-// A navigation transition that cross-fades the two screens: the screen on top (the incoming one
-// of a push, the outgoing one of a pop) fades over the other, which stays opaque beneath it, so
-// the background never shows through. As long as the container's own transitions.
+// The crossfade the baseline environments push and pop with: the host's crossfade, as long as the
+// container's own transitions and eased in and out like them, so the two compare like for like.
 
 #include "shell/VUTesterExport.h"
 
-#include "ui/AnimatedTransitioning.h"
+#include <transitions/VUCrossfadeAnimatedTransitioning.h>
 
-class VUTESTER_EXPORT VUTesterCrossfadeNavigationTransition : public ui::AnimatedTransitioning {
+class VUTESTER_EXPORT VUTesterCrossfadeNavigationTransition : public VUCrossfadeAnimatedTransitioning {
 public:
-    double transitionDuration(const ui::TransitionContext &context) const override;
-    void animateTransition(ui::TransitionContext &context) override;
+    VUTesterCrossfadeNavigationTransition();
 };

@@ -6,6 +6,7 @@
 
 #include <beamcast/VUBeamcastRootViewController.h>
 #include <browsing/VUAssetImageView.h>
+#include <browsing/VULibraryBrowsingSession.h>
 #include <browsing/VUOneUpViewController.h>
 
 #include "ui/AlertController.h"
@@ -15,6 +16,7 @@
 #include "ui/Window.h"
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -43,12 +45,22 @@ private:
     VUDisplayAssetPtr m_asset;
 };
 
+VUBrowsingSessionPtr sessionFor(const VUTesterOneUpPresentationSettings &settings)
+{
+    if (settings.dataSource() != VUTesterOneUpPresentationSettings::DataSourcePhotoLibrary)
+        return VUTesterBrowsingSession::newBrowsingSession();
+    const auto sectioning = settings.librarySections() == VUTesterOneUpPresentationSettings::LibrarySectionsOne
+                                ? VULibraryAssetsDataSource::Sectioning::OneSection
+                                : VULibraryAssetsDataSource::Sectioning::ByDay;
+    return VULibraryBrowsingSession::newBrowsingSession(nullptr, sectioning);
+}
+
 } // namespace
 
 VUTesterOneUpPresentationPlaygroundViewController::VUTesterOneUpPresentationPlaygroundViewController(
     const VUTesterOneUpPresentationSettings &settings, QObject *parent)
     : ui::ViewController(parent)
-    , m_session(VUTesterBrowsingSession::newBrowsingSession())
+    , m_session(sessionFor(settings))
     , m_initialItem(settings.initialItem())
     , m_beamcastSize(settings.beamcastScreenWidth(), settings.beamcastScreenWidth() * 9 / 16)
 {
@@ -66,11 +78,41 @@ QWidget *VUTesterOneUpPresentationPlaygroundViewController::loadView()
     const qint64 items = m_session->dataSourceManager()->assetsDataSource()->numberOfItemsInSection(0);
     m_oneUp = new VUOneUpViewController(m_session, ui::IndexPath::forItem(std::clamp<qint64>(m_initialItem, 0, std::max<qint64>(0, items - 1)), 0), this);
     m_oneUp->setParentViewController(this);
+    // Where the browser stands ("4 of 14") names the screen.
+    const auto followTitle = [this] { setTitle(m_oneUp->title().isEmpty() ? QStringLiteral("1-Up Presentation") : m_oneUp->title()); };
+    connect(m_oneUp, &ui::ViewController::titleChanged, this, followTitle);
+    followTitle();
     auto *view = new QWidget;
     auto *layout = new QVBoxLayout(view);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_oneUp->view());
+    m_emptyLabel = new QLabel(tr("No photos or videos in the photo library.\nFill it from Utilities, Library Filler."), view);
+    m_emptyLabel->setObjectName(QStringLiteral("emptyLabel"));
+    m_emptyLabel->setAlignment(Qt::AlignCenter);
+    m_emptyLabel->setWordWrap(true);
+    m_emptyLabel->setStyleSheet(QStringLiteral("color: white"));
+    layout->addWidget(m_emptyLabel);
+    // The library's data source follows its changes: the browser may fill, or empty, while shown.
+    connect(m_session->dataSourceManager().get(), &VUAssetsDataSourceManager::assetsDataSourceChanged, this,
+            &VUTesterOneUpPresentationPlaygroundViewController::_updateEmptyLabel);
+    _updateEmptyLabel();
     return view;
+}
+
+bool VUTesterOneUpPresentationPlaygroundViewController::isEmpty() const
+{
+    const VUAssetsDataSourcePtr &source = m_session->dataSourceManager()->assetsDataSource();
+    for (qint64 section = 0, sections = source ? source->numberOfSections() : 0; section < sections; ++section)
+        if (source->numberOfItemsInSection(section) > 0)
+            return false;
+    return true;
+}
+
+void VUTesterOneUpPresentationPlaygroundViewController::_updateEmptyLabel()
+{
+    const bool empty = isEmpty();
+    m_emptyLabel->setVisible(empty);
+    m_oneUp->view()->setVisible(!empty);
 }
 
 std::shared_ptr<VHBeamcastControllerContentProvider> VUTesterOneUpPresentationPlaygroundViewController::currentItemContentProvider() const

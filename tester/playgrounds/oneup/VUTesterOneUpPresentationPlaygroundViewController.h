@@ -1,6 +1,6 @@
 #pragma once
 // The 1-Up Presentation playground: the host's one-up browser over the synthetic browsing
-// session, opened on the item the settings choose. "Show on Simulated Screen" sends the item on
+// session or the photo library, opened on the item the settings choose; an empty library says so. "Show on Simulated Screen" sends the item on
 // screen to the Beamcast screen simulator; when a second real screen is attached, it first
 // offers to show the item there instead.
 
@@ -14,6 +14,7 @@
 
 #include <QPointer>
 
+class QLabel;
 class QScreen;
 class VUOneUpViewController;
 namespace ui {
@@ -26,8 +27,11 @@ public:
     explicit VUTesterOneUpPresentationPlaygroundViewController(const VUTesterOneUpPresentationSettings &settings, QObject *parent = nullptr);
     ~VUTesterOneUpPresentationPlaygroundViewController() override;
 
+    const VUBrowsingSessionPtr &browsingSession() const { return m_session; }
     // Null until the view is loaded.
     VUOneUpViewController *oneUpViewController() const { return m_oneUp; }
+    // Whether the browser has nothing to show.
+    bool isEmpty() const;
     // What an external screen shows: the browser's current item.
     std::shared_ptr<VHBeamcastControllerContentProvider> currentItemContentProvider() const;
     // Sends the current item to the simulated screen (replacing what it shows).
@@ -42,10 +46,12 @@ protected:
 
 private:
     void _beamcast();
+    void _updateEmptyLabel();
 
     VUBrowsingSessionPtr m_session;
     qint64 m_initialItem;
     QSizeF m_beamcastSize;
     VUOneUpViewController *m_oneUp = nullptr;
+    QLabel *m_emptyLabel = nullptr;
     QPointer<ui::Window> m_externalWindow;
 };

@@ -8,6 +8,8 @@
 
 VUTesterOneUpPresentationSettings::VUTesterOneUpPresentationSettings()
 {
+    declareKey(QStringLiteral("dataSource"), Kind::Int64);
+    declareKey(QStringLiteral("librarySections"), Kind::Int64);
     declareKey(QStringLiteral("presentationStyle"), Kind::Int64);
     declareKey(QStringLiteral("initialItem"), Kind::Int64);
     declareKey(QStringLiteral("beamcastScreenWidth"), Kind::Double);
@@ -16,6 +18,8 @@ VUTesterOneUpPresentationSettings::VUTesterOneUpPresentationSettings()
 void VUTesterOneUpPresentationSettings::setDefaultValues()
 {
     VUTesterSettings::setDefaultValues();
+    setDataSource(DataSourceSynthetic);
+    setLibrarySections(LibrarySectionsByDay);
     setPresentationStyle(PresentationStylePush);
     setInitialItem(0);
     setBeamcastScreenWidth(240);
@@ -32,6 +36,12 @@ TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
         else
             settingsScreen->navigationController()->pushViewController(playground, true);
     });
+    auto source = TWChoiceRow::rowWithTitle(QStringLiteral("Data Source"), QStringLiteral("dataSource"));
+    source->possibleValues(VUTesterIntegerValues({DataSourceSynthetic, DataSourcePhotoLibrary}),
+                           {QStringLiteral("Synthetic"), QStringLiteral("Photo Library")});
+    auto sections = TWChoiceRow::rowWithTitle(QStringLiteral("Sections"), QStringLiteral("librarySections"));
+    sections->possibleValues(VUTesterIntegerValues({LibrarySectionsByDay, LibrarySectionsOne}), {QStringLiteral("By Day"), QStringLiteral("One")});
+    sections->conditionFormat(QStringLiteral("dataSource == 1"));
     auto style = TWChoiceRow::rowWithTitle(QStringLiteral("Presentation"), QStringLiteral("presentationStyle"));
     style->possibleValues({PresentationStylePush, PresentationStyleModal}, {QStringLiteral("Push"), QStringLiteral("Modal")});
     auto item = TWSliderRow::rowWithTitle(QStringLiteral("Initial Item"), QStringLiteral("initialItem"));
@@ -40,6 +50,7 @@ TWModulePtr VUTesterOneUpPresentationSettings::settingsControllerModule()
     width->minValue(80, 400)->vu_increment(10);
     return TWModule::moduleWithTitle(QStringLiteral("1-Up Presentation"), {
         TWSection::sectionWithRows({start}),
+        TWSection::sectionWithRows({source, sections}, QStringLiteral("Content")),
         TWSection::sectionWithRows({style, item}, QStringLiteral("Browser")),
         TWSection::sectionWithRows({width}, QStringLiteral("Beamcast")),
         restoreDefaultsSection(),

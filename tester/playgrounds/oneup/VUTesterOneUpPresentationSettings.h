@@ -1,6 +1,7 @@
 #pragma once
-// Options of the 1-Up Presentation playground: how the browser is presented, where it starts, and
-// how large the simulated external screen is that the current item can be sent to.
+// Options of the 1-Up Presentation playground: what the browser shows (the synthetic browsing
+// session or the photo library, by day or in one section), how it is presented, where it starts,
+// and how large the simulated external screen is that the current item can be sent to.
 
 #include "shell/VUTesterSettings.h"
 
@@ -9,11 +10,18 @@ class VUTESTER_EXPORT VUTesterOneUpPresentationSettings : public VUTesterChildSe
 public:
     static constexpr const char *kRootKey = "oneUpPresentationSettings";
     enum PresentationStyle : qint64 { PresentationStylePush = 0, PresentationStyleModal = 1 };
+    enum DataSource : qint64 { DataSourceSynthetic = 0, DataSourcePhotoLibrary = 1 };
+    // The values of VULibraryAssetsDataSource::Sectioning.
+    enum LibrarySections : qint64 { LibrarySectionsByDay = 0, LibrarySectionsOne = 1 };
 
     VUTesterOneUpPresentationSettings();
     static TWModulePtr settingsControllerModule();
     void setDefaultValues() override;
 
+    qint64 dataSource() const { return int64Value(QStringLiteral("dataSource")); }
+    void setDataSource(qint64 source) { setValue(QStringLiteral("dataSource"), QVariant::fromValue(source)); }
+    qint64 librarySections() const { return int64Value(QStringLiteral("librarySections")); }
+    void setLibrarySections(qint64 sections) { setValue(QStringLiteral("librarySections"), QVariant::fromValue(sections)); }
     qint64 presentationStyle() const { return int64Value(QStringLiteral("presentationStyle")); }
     void setPresentationStyle(qint64 style) { setValue(QStringLiteral("presentationStyle"), QVariant::fromValue(style)); }
     // The item of the first section the browser opens on.

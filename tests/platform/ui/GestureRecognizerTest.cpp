@@ -3,6 +3,7 @@
 
 #include "ui/PanGestureRecognizer.h"
 #include "ui/PinchGestureRecognizer.h"
+#include "ui/RotationGestureRecognizer.h"
 #include "ui/TapGestureRecognizer.h"
 
 #include <QApplication>
@@ -13,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 
 namespace {
@@ -210,6 +212,36 @@ TEST_F(GestureFixture, TouchScreenPinchAndPanRecogniseTogetherWhenAllowed)
     EXPECT_EQ(pinch->state(), State::Changed);
     QTest::touchEvent(&window, screen).release(0, QPoint(50, 250)).release(1, QPoint(250, 250));
     EXPECT_EQ(pans->back(), State::Ended);
+}
+
+// Two touches turning about their middle: nothing until the turn passes the threshold, then the
+// turn since touch-down, clockwise positive, counting on past a half turn; a new rotation takes
+// later turns onto it.
+TEST_F(GestureFixture, RotationBeginsPastItsThresholdAndCountsWholeTurns)
+{
+    auto *rotation = new ui::RotationGestureRecognizer(&window);
+    auto states = record(rotation);
+    const QPointF middle(150, 150);
+    const auto touchesAt = [&](double angle) {
+        const QPointF arm(80 * std::cos(angle), 80 * std::sin(angle));
+        return QList<ui::TouchPoint>{{0, middle - arm}, {1, middle + arm}};
+    };
+    double time = 1;
+    ui::sendTouches(&window, ui::TouchPhase::Began, touchesAt(0), time);
+    ui::sendTouches(&window, ui::TouchPhase::Moved, touchesAt(0.03), time += 0.01);
+    EXPECT_TRUE(states->empty());
+    // Sixty steps of 5 degrees: 300 degrees, clockwise on screen.
+    for (int step = 1; step <= 60; ++step)
+        ui::sendTouches(&window, ui::TouchPhase::Moved, touchesAt(step * M_PI / 36), time += 0.01);
+    EXPECT_EQ(states->front(), State::Began);
+    EXPECT_NEAR(rotation->rotation(), 5 * M_PI / 3, 1e-9);
+    EXPECT_NEAR(rotation->velocity(), (M_PI / 36) / 0.01, 1e-6);
+    rotation->setRotation(0);
+    ui::sendTouches(&window, ui::TouchPhase::Moved, touchesAt(59 * M_PI / 36), time += 0.01);
+    EXPECT_NEAR(rotation->rotation(), -M_PI / 36, 1e-9);
+    ui::sendTouches(&window, ui::TouchPhase::Ended, touchesAt(59 * M_PI / 36).mid(1), time += 0.01);
+    EXPECT_EQ(states->back(), State::Ended);
+    ui::sendTouches(&window, ui::TouchPhase::Ended, touchesAt(59 * M_PI / 36).mid(0, 1), time += 0.01);
 }
 
 TEST_F(GestureFixture, WheelScrollsAreShortPansWithoutVelocityAndCtrlIsLeftForZooming)

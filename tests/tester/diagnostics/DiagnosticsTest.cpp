@@ -214,6 +214,11 @@ TEST_F(DiagnosticsTest, RowsOpenTheLevelAndThenTheCollection)
     EXPECT_EQ(level->title(), QStringLiteral("Days"));
     ASSERT_EQ(level->fetchResult().count(), 2);
     EXPECT_LT(level->fetchResult().objectAtIndex(0).startDate(), level->fetchResult().objectAtIndex(1).startDate());
+    // Two rows leave most of the table empty: it is the rows' colour down to the bottom.
+    const QImage shown = level->view()->grab().toImage();
+    const QColor rowColour = level->view()->palette().color(QPalette::Base);
+    EXPECT_EQ(shown.pixelColor(shown.width() / 2, shown.height() - 10).rgb(), rowColour.rgb());
+    EXPECT_EQ(shown.pixelColor(10, shown.height() / 2).rgb(), rowColour.rgb());
 
     const QList<ui::TappableRow> rows = level->tappableRows();
     ASSERT_EQ(rows.size(), 2);
