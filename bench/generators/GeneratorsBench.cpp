@@ -1,8 +1,12 @@
 // Throughput of every image generator at photo sizes, in Mpixel/s. Each bitmap generator is paired
 // with the same pixel function as a plain loop (no per-pixel call, same palette lookup, same reused
 // buffer): the compute limit. "ratio_to_plain" is the generator's time over that loop's.
-// The radial pattern reports its speed-up over drawing the same wedges with QPainter.
+// The radial pattern reports its speed-up over drawing the same wedges with QPainter. The fill
+// stack's memory: peak, held by the pixel-buffer pool, and once idle.
 
+#include "ProcessMemory.h"
+
+#include <graphics/PixelBuffer.h>
 #include <media/VUTesterConcentricRectsImageGenerator.h>
 #include <media/VUTesterFractalImageGenerator.h>
 #include <media/VUTesterLayeredImageGenerator.h>
@@ -223,7 +227,7 @@ void BM_Watermark(benchmark::State &state)
 }
 
 // The fill operation's stack: content, a small time stamp, a large label, all turned "Right".
-void BM_FillStack(benchmark::State &state)
+std::shared_ptr<VUTesterOrientedImageGenerator> fillStack(std::vector<VUTesterImageGeneratorPtr> *layers)
 {
     auto content = std::make_shared<VUTesterRadialPatternImageGenerator>();
     auto stamp = std::make_shared<VUTesterWatermarkImageGenerator>();
@@ -236,14 +240,41 @@ void BM_FillStack(benchmark::State &state)
     auto oriented = std::make_shared<VUTesterOrientedImageGenerator>();
     oriented->setImageGenerator(layered);
     oriented->setImageOrientation(int64_t(graphics::ImageOrientation::Right));
+    *layers = {content, stamp, label, layered, oriented};
+    return oriented;
+}
+
+void BM_FillStack(benchmark::State &state)
+{
+    std::vector<VUTesterImageGeneratorPtr> layers;
+    const auto oriented = fillStack(&layers);
     runCanvas(state, *oriented, [&] {
         // A new asset: every layer redraws, as in the filler.
-        content->invalidateImage();
-        stamp->invalidateImage();
-        label->invalidateImage();
-        layered->invalidateImage();
-        oriented->invalidateImage();
+        for (const VUTesterImageGeneratorPtr &layer : layers)
+            layer->invalidateImage();
     });
+}
+
+// Memory of six assets drawn one after another as the filler draws them, each stack made for its
+// asset and dropped after it: the most resident while drawing, what the pixel-buffer pool still
+// holds right after, and what stays resident once the work has been idle a moment.
+void BM_FillStackMemory(benchmark::State &state)
+{
+    const QSize size = kSizes[state.range(0)];
+    for (auto _ : state) {
+        const double before = idleResidentMB();
+        resetPeakResident();
+        for (int asset = 0; asset < 6; ++asset) {
+            std::vector<VUTesterImageGeneratorPtr> layers;
+            const auto oriented = fillStack(&layers);
+            oriented->setImageSize(QSizeF(size));
+            benchmark::DoNotOptimize(oriented->generatedImage());
+        }
+        state.counters["before_MB"] = before;
+        state.counters["peak_MB"] = peakResidentMB();
+        state.counters["pool_MB"] = double(graphics::retainedPixelBytes()) / (1 << 20);
+        state.counters["idle_MB"] = idleResidentMB();
+    }
 }
 
 } // namespace
@@ -256,5 +287,6 @@ BENCHMARK(BM_RadialVideoFrame)->Unit(benchmark::kMillisecond)->UseRealTime()->Mi
 BENCHMARK(BM_Solid) SIZES;
 BENCHMARK(BM_Watermark) SIZES;
 BENCHMARK(BM_FillStack) SIZES;
+BENCHMARK(BM_FillStackMemory)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kSecond)->UseRealTime();
 BENCHMARK(BM_FractalDefaults) SIZES;
 BENCHMARK(BM_FractalUserTransforms) SIZES;

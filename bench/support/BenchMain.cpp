@@ -4,6 +4,7 @@
 
 #include "dispatch/Dispatch.h"
 
+#include <QDir>
 #include <QFile>
 #include <QApplication>
 #include <QTemporaryDir>
@@ -17,6 +18,9 @@ int main(int argc, char **argv)
         return 1;
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.filePath(QStringLiteral("data"))));
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.filePath(QStringLiteral("config"))));
+    qputenv("TMPDIR", QFile::encodeName(home.filePath(QStringLiteral("tmp"))));
+    if (!QDir().mkpath(home.filePath(QStringLiteral("tmp"))))
+        return 1;
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);

@@ -3,12 +3,15 @@
 //   libjpeg-turbo encode of the same pixels into memory with the same quality and sampling;
 // - movies through VUTesterVideoWriter (ARGB buffer, conversion, x264, QuickTime muxing) against
 //   libx264 through libavcodec fed the same frames, already in YUV, with the same preset;
-// - peak memory of the default video generator over a 36 s and a 360 s movie at 10 fps.
+// - peak and idle memory, and the most pool threads, of the default video generator over a 36 s
+//   and a 360 s movie at 10 fps.
 // "ratio" is our time over the bare encoder's: 1.0 would be the encoder's own speed.
 
 #include "media/VUTesterDefaultVideoGenerator.h"
 #include "media/VUTesterPhotoWriter.h"
 #include "media/VUTesterVideoWriter.h"
+
+#include "ProcessMemory.h"
 
 #include <dispatch/Dispatch.h>
 #include <imageio/ImageDestination.h>
@@ -20,10 +23,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <jpeglib.h>
@@ -206,22 +211,6 @@ void BM_VideoWriter(benchmark::State &state)
     state.counters["ratio"] = ourSeconds / bareSeconds;
 }
 
-double peakResidentMB()
-{
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.rfind("VmHWM:", 0) == 0)
-            return std::stod(line.substr(6)) / 1024.0;
-    return 0;
-}
-
-// Linux resets the peak resident size when asked through clear_refs.
-void resetPeakResident()
-{
-    std::ofstream("/proc/self/clear_refs") << "5";
-}
-
 void BM_DefaultVideoGeneratorPeakMemory(benchmark::State &state)
 {
     const double duration = double(state.range(0));
@@ -234,6 +223,15 @@ void BM_DefaultVideoGeneratorPeakMemory(benchmark::State &state)
         QFile::remove(VUTesterDefaultVideoGenerator::_videoPath(generator.videoSize(), duration, 10.0, suffix));
         resetPeakResident();
         const double before = peakResidentMB();
+        const int threadsBefore = dispatch::workerThreadCount();
+        std::atomic<bool> running{true};
+        std::atomic<int> mostThreads{threadsBefore};
+        std::thread sampler([&] {
+            while (running) {
+                mostThreads = std::max(mostThreads.load(), dispatch::workerThreadCount());
+                std::this_thread::sleep_for(std::chrono::milliseconds(5));
+            }
+        });
         QString path;
         dispatch::Semaphore done;
         generator.generateVideoWithFileNameSuffix(suffix, [&](const QString &moviePath, VUTesterOptionalError) {
@@ -241,10 +239,14 @@ void BM_DefaultVideoGeneratorPeakMemory(benchmark::State &state)
             done.signal();
         });
         done.wait();
+        running = false;
+        sampler.join();
         if (path.isEmpty())
             state.SkipWithError("generation failed");
         state.counters["peak_MB"] = peakResidentMB();
         state.counters["growth_MB"] = peakResidentMB() - before;
+        state.counters["idle_MB"] = idleResidentMB();
+        state.counters["pool_threads_peak"] = mostThreads.load();
         state.counters["frames"] = std::floor(duration * 10.0) + 1;
         QFile::remove(path);
     }

@@ -1,229 +1,162 @@
 #include "Dispatch.h"
 
+#include "TimerHeap.h"
+#include "WorkerPool.h"
+
 #include <QCoreApplication>
 #include <QThread>
 #include <QTimer>
 
 #include <algorithm>
-#include <atomic>
-#include <deque>
-#include <thread>
+#include <condition_variable>
 
 namespace dispatch {
 namespace {
 
+using detail::WorkerPool;
+
 thread_local Queue *tl_current = nullptr;
 
-// Worker threads are joinable and kept here, so shutdown can wait until each has fully ended,
-// thread-local clean-up included; idle workers look at the generation to learn that they should
-// end now rather than linger.
-struct Workers {
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::vector<std::thread> threads;
-    std::vector<std::thread::id> finished;
-    std::atomic<unsigned> endGeneration{0};
-
-    // Joins threads whose function has returned (their clean-up is brief). Call with the lock.
-    void reapFinished()
-    {
-        for (std::thread::id id : finished) {
-            auto it = std::find_if(threads.begin(), threads.end(), [id](const std::thread &t) { return t.get_id() == id; });
-            if (it != threads.end()) {
-                it->join();
-                threads.erase(it);
-            }
-        }
-        finished.clear();
-    }
-};
-
-Workers &workers()
+// Runs a block as a task of `queue`: Queue::current() names it meanwhile.
+void runAs(Queue *queue, const Block &block)
 {
-    // Never destroyed: workers may still be ending while statics go.
-    static Workers *const instance = new Workers;
-    return *instance;
+    Queue *const outer = tl_current;
+    tl_current = queue;
+    block();
+    tl_current = outer;
 }
 
-void spawnWorker(std::function<void()> body)
+QCoreApplication &application()
 {
-    Workers &w = workers();
-    std::lock_guard lock(w.mutex);
-    w.reapFinished();
-    w.threads.emplace_back([body = std::move(body)]() mutable {
-        body();
-        body = nullptr;
-        std::lock_guard lock(workers().mutex);
-        workers().finished.push_back(std::this_thread::get_id());
-        workers().changed.notify_all();
-    });
+    QCoreApplication *app = QCoreApplication::instance();
+    if (!app)
+        qFatal("dispatch: the main queue needs a QCoreApplication");
+    return *app;
 }
-
-// An idle worker lingers this long for more work before its thread ends, so bursts of requests
-// reuse one thread while a queue that falls silent holds none.
-constexpr auto kSerialLinger = std::chrono::milliseconds(200);
-constexpr auto kGlobalLinger = std::chrono::seconds(5);
-// Far more than two cores need; the cap only stops a runaway of blocked tasks.
-constexpr int kGlobalMaxThreads = 64;
-
-class SerialQueue;
-void registerIdleWaker(std::weak_ptr<SerialQueue> queue);
 
 class MainQueue final : public Queue {
 public:
     MainQueue() : Queue("main") {}
     void async(Block block) override
     {
-        QCoreApplication *app = QCoreApplication::instance();
-        if (!app)
-            qFatal("dispatch: the main queue needs a QCoreApplication");
-        QMetaObject::invokeMethod(app, std::move(block), Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&application(), std::move(block), Qt::QueuedConnection);
+    }
+    void sync(const Block &block) override
+    {
+        // On the main thread itself, whichever queue's task it runs, waiting would never end.
+        if (QThread::currentThread() == application().thread())
+            block();
+        else
+            Queue::sync(block);
     }
 };
 
+// An ordered list of blocks. While it has any, one job of the pool drains it (or one caller of
+// sync() owns it); a batch at a time, so that one busy queue does not hold a worker from the rest.
 class SerialQueue final : public Queue, public std::enable_shared_from_this<SerialQueue> {
 public:
     explicit SerialQueue(std::string label) : Queue(std::move(label)) {}
 
-    void wakeIdleWorker()
-    {
-        std::lock_guard lock(m_mutex);
-        m_cv.notify_all();
-    }
-
     void async(Block block) override
     {
         std::lock_guard lock(m_mutex);
-        m_blocks.push_back(std::move(block));
-        if (m_hasWorker) {
-            m_cv.notify_one();
-            return;
+        m_items.push_back({std::move(block), nullptr});
+        if (!m_owned) {
+            m_owned = true;
+            scheduleDrain();
         }
-        m_hasWorker = true;
-        registerIdleWaker(weak_from_this());
-        spawnWorker([self = shared_from_this()] { self->drain(); });
+    }
+
+    void sync(const Block &block) override
+    {
+        std::unique_lock lock(m_mutex);
+        if (m_owned) {
+            // Wait for the blocks before ours; the drain then hands the queue to this thread.
+            Semaphore handedOver;
+            m_items.push_back({nullptr, &handedOver});
+            lock.unlock();
+            handedOver.wait();
+        } else {
+            m_owned = true;
+            lock.unlock();
+        }
+        runAs(this, block);
+        lock.lock();
+        release();
     }
 
 private:
+    static constexpr int kDrainBatch = 32;
+
+    struct Item {
+        Block block;
+        Semaphore *handOver; // a sync() caller waiting for its turn
+    };
+
+    // Call with the lock, owning the queue.
+    void scheduleDrain(WorkerPool::Placement placement = WorkerPool::Placement::Auto)
+    {
+        WorkerPool::shared().submit([self = shared_from_this()] { self->drain(); }, placement);
+    }
+
+    // Gives the queue up, or passes it to a drain when blocks came meanwhile. Call with the lock.
+    void release()
+    {
+        if (m_items.empty())
+            m_owned = false;
+        else
+            scheduleDrain();
+    }
+
     void drain()
     {
-        tl_current = this;
-        const unsigned generation = workers().endGeneration;
         std::unique_lock lock(m_mutex);
-        for (;;) {
-            if (m_blocks.empty()
-                && !m_cv.wait_for(lock, kSerialLinger, [&] { return !m_blocks.empty() || workers().endGeneration != generation; })) {
-                m_hasWorker = false;
+        for (int ran = 0; !m_items.empty(); ++ran) {
+            if (ran == kDrainBatch) {
+                scheduleDrain(WorkerPool::Placement::Back);
                 return;
             }
-            if (m_blocks.empty()) {
-                m_hasWorker = false;
+            Item item = std::move(m_items.front());
+            m_items.pop_front();
+            if (item.handOver) {
+                item.handOver->signal();
                 return;
             }
-            Block block = std::move(m_blocks.front());
-            m_blocks.pop_front();
             lock.unlock();
-            block();
-            block = nullptr; // release captures before taking the lock again
+            runAs(this, item.block);
+            item.block = nullptr; // release captures before taking the lock again
             lock.lock();
         }
+        m_owned = false;
     }
 
     std::mutex m_mutex;
-    std::condition_variable m_cv;
-    std::deque<Block> m_blocks;
-    bool m_hasWorker = false;
+    std::deque<Item> m_items;
+    // A drain is scheduled or running, or a sync() caller runs its block.
+    bool m_owned = false;
 };
 
 class GlobalQueue final : public Queue {
 public:
     GlobalQueue() : Queue("global.default") {}
-
-    void wakeIdleWorkers()
-    {
-        std::lock_guard lock(m_mutex);
-        m_cv.notify_all();
-    }
-
     void async(Block block) override
     {
-        std::lock_guard lock(m_mutex);
-        m_blocks.push_back(std::move(block));
-        if (static_cast<long>(m_blocks.size()) > m_idle && m_threads < kGlobalMaxThreads) {
-            ++m_threads;
-            spawnWorker([this] { work(); });
-        } else {
-            m_cv.notify_one();
-        }
+        WorkerPool::shared().submit([this, block = std::move(block)] { runAs(this, block); });
     }
-
-private:
-    void work()
-    {
-        tl_current = this;
-        const unsigned generation = workers().endGeneration;
-        std::unique_lock lock(m_mutex);
-        for (;;) {
-            if (m_blocks.empty()) {
-                ++m_idle;
-                m_cv.wait_for(lock, kGlobalLinger, [&] { return !m_blocks.empty() || workers().endGeneration != generation; });
-                --m_idle;
-                if (m_blocks.empty()) {
-                    --m_threads;
-                    return;
-                }
-            }
-            Block block = std::move(m_blocks.front());
-            m_blocks.pop_front();
-            lock.unlock();
-            block();
-            block = nullptr;
-            lock.lock();
-        }
-    }
-
-    std::mutex m_mutex;
-    std::condition_variable m_cv;
-    std::deque<Block> m_blocks;
-    long m_idle = 0;
-    int m_threads = 0;
+    void sync(const Block &block) override { runAs(this, block); }
 };
-
-std::mutex g_serialRegistryMutex;
-std::vector<std::weak_ptr<SerialQueue>> g_serialRegistry;
-
-// Serial queues that may have an idle worker; expired entries are dropped as new ones come.
-void registerIdleWaker(std::weak_ptr<SerialQueue> queue)
-{
-    std::lock_guard lock(g_serialRegistryMutex);
-    std::erase_if(g_serialRegistry, [](const std::weak_ptr<SerialQueue> &q) { return q.expired(); });
-    g_serialRegistry.push_back(std::move(queue));
-}
-
-GlobalQueue &globalQueue();
 
 } // namespace
 
 bool endWorkerThreads(std::chrono::milliseconds timeout)
 {
-    ++workers().endGeneration;
-    std::vector<std::shared_ptr<SerialQueue>> serial;
-    {
-        std::lock_guard lock(g_serialRegistryMutex);
-        for (const auto &weak : g_serialRegistry)
-            if (auto queue = weak.lock())
-                serial.push_back(std::move(queue));
-        g_serialRegistry.clear();
-    }
-    for (const auto &queue : serial)
-        queue->wakeIdleWorker();
-    serial.clear();
-    globalQueue().wakeIdleWorkers();
-    Workers &w = workers();
-    std::unique_lock lock(w.mutex);
-    const bool ended = w.changed.wait_for(lock, timeout, [&w] { return w.finished.size() == w.threads.size(); });
-    w.reapFinished();
-    return ended;
+    detail::TimerHeap::shared().stop();
+    return WorkerPool::shared().endWorkers(timeout);
+}
+
+int workerThreadCount()
+{
+    return WorkerPool::shared().threadCount();
 }
 
 Queue::~Queue() = default;
@@ -234,19 +167,11 @@ QueuePtr Queue::main()
     return queue;
 }
 
-namespace {
-GlobalQueue &globalQueue()
-{
-    // Never destroyed: detached workers may still be winding down at exit.
-    static GlobalQueue *const queue = new GlobalQueue;
-    return *queue;
-}
-} // namespace
-
 QueuePtr Queue::global()
 {
-    static const QueuePtr queue(&globalQueue(), [](Queue *) {});
-    return queue;
+    // Never destroyed: workers may still be winding down at exit.
+    static const QueuePtr *const queue = new QueuePtr(std::make_shared<GlobalQueue>());
+    return *queue;
 }
 
 QueuePtr Queue::createSerial(std::string label)
@@ -266,10 +191,6 @@ Queue *Queue::current()
 
 void Queue::sync(const Block &block)
 {
-    if (current() == this && this == main().get()) {
-        block();
-        return;
-    }
     Semaphore done;
     async([&] {
         block();
@@ -281,42 +202,87 @@ void Queue::sync(const Block &block)
 void after(const QueuePtr &queue, std::chrono::milliseconds delay, Block block)
 {
     if (queue == Queue::main()) {
-        QCoreApplication *app = QCoreApplication::instance();
-        if (!app)
-            qFatal("dispatch: the main queue needs a QCoreApplication");
+        QCoreApplication *app = &application();
         // Timers belong to the thread that starts them: start this one on the main thread.
         QMetaObject::invokeMethod(app, [app, delay, block = std::move(block)]() mutable {
             QTimer::singleShot(delay, app, std::move(block));
         }, Qt::QueuedConnection);
         return;
     }
-    std::thread([queue, delay, block = std::move(block)]() mutable {
-        std::this_thread::sleep_for(delay);
-        queue->async(std::move(block));
-    }).detach();
+    detail::TimerHeap::shared().schedule(queue, detail::TimerHeap::Clock::now() + delay, std::move(block));
 }
+
+namespace detail {
+
+struct Waiters::Waiter {
+    std::condition_variable cv;
+    bool woken = false;
+    bool counted = false; // a pool worker that the pool counts as blocked
+};
+
+bool Waiters::wait(std::unique_lock<std::mutex> &lock, std::optional<std::chrono::milliseconds> timeout)
+{
+    Waiter me;
+    me.counted = WorkerPool::shared().blockBegin();
+    m_waiting.push_back(&me);
+    if (!timeout) {
+        me.cv.wait(lock, [&] { return me.woken; });
+        return true;
+    }
+    if (me.cv.wait_for(lock, *timeout, [&] { return me.woken; }))
+        return true;
+    m_waiting.erase(std::find(m_waiting.begin(), m_waiting.end(), &me));
+    if (me.counted)
+        WorkerPool::shared().unblock();
+    return false;
+}
+
+bool Waiters::wakeOne()
+{
+    if (m_waiting.empty())
+        return false;
+    Waiter *waiter = m_waiting.front();
+    m_waiting.pop_front();
+    waiter->woken = true;
+    if (waiter->counted)
+        WorkerPool::shared().unblock();
+    // Under the owner's lock: the waiter cannot return, and take its Waiter away, before it.
+    waiter->cv.notify_one();
+    return true;
+}
+
+void Waiters::wakeAll()
+{
+    while (wakeOne()) {
+    }
+}
+
+} // namespace detail
 
 void Semaphore::signal()
 {
     std::lock_guard lock(m_mutex);
-    ++m_value;
-    m_cv.notify_one();
+    if (!m_waiters.wakeOne())
+        ++m_value;
 }
 
 void Semaphore::wait()
 {
     std::unique_lock lock(m_mutex);
-    m_cv.wait(lock, [this] { return m_value > 0; });
-    --m_value;
+    if (m_value > 0)
+        --m_value;
+    else
+        m_waiters.wait(lock, std::nullopt);
 }
 
 bool Semaphore::waitFor(std::chrono::milliseconds timeout)
 {
     std::unique_lock lock(m_mutex);
-    if (!m_cv.wait_for(lock, timeout, [this] { return m_value > 0; }))
-        return false;
-    --m_value;
-    return true;
+    if (m_value > 0) {
+        --m_value;
+        return true;
+    }
+    return timeout > std::chrono::milliseconds::zero() && m_waiters.wait(lock, timeout);
 }
 
 void Group::enter()
@@ -334,7 +300,7 @@ void Group::leave()
             qFatal("dispatch: unbalanced Group::leave");
         if (--m_count == 0) {
             due.swap(m_notifications);
-            m_cv.notify_all();
+            m_waiters.wakeAll();
         }
     }
     for (auto &[queue, block] : due)
@@ -365,13 +331,14 @@ void Group::notify(const QueuePtr &queue, Block block)
 void Group::wait()
 {
     std::unique_lock lock(m_mutex);
-    m_cv.wait(lock, [this] { return m_count == 0; });
+    if (m_count > 0)
+        m_waiters.wait(lock, std::nullopt);
 }
 
 bool Group::waitFor(std::chrono::milliseconds timeout)
 {
     std::unique_lock lock(m_mutex);
-    return m_cv.wait_for(lock, timeout, [this] { return m_count == 0; });
+    return m_count == 0 || m_waiters.wait(lock, timeout);
 }
 
 } // namespace dispatch

@@ -49,9 +49,6 @@ QByteArray exifPayload(const ImageProperties &properties)
     Exiv2::ExifData exif;
     if (properties.gps) {
         const GPSProperties &gps = *properties.gps;
-        Exiv2::DataValue version(Exiv2::unsignedByte);
-        version.read("2 3 0 0");
-        exif["Exif.GPSInfo.GPSVersionID"] = version;
         exif["Exif.GPSInfo.GPSLatitudeRef"] = gps.latitudeRef.toStdString();
         exif["Exif.GPSInfo.GPSLatitude"] = dmsValue(gps.latitude);
         exif["Exif.GPSInfo.GPSLongitudeRef"] = gps.longitudeRef.toStdString();

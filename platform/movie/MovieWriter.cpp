@@ -6,9 +6,17 @@
 
 #include "dispatch/Dispatch.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
 
+#include <cerrno>
+#include <cstring>
 #include <mutex>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -17,19 +25,6 @@ extern "C" {
 
 namespace movie {
 namespace {
-
-// The movie header's own creation time (UTC), read by every tool that knows the format.
-void setCreationTime(AVDictionary **dictionary, const QList<MetadataItem> &items)
-{
-    for (const MetadataItem &item : items) {
-        if (item.key != kCreationDateKey)
-            continue;
-        const QDateTime date = QDateTime::fromString(item.value, Qt::ISODate);
-        if (date.isValid())
-            av_dict_set(dictionary, "creation_time",
-                        date.toUTC().toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss.zzz000Z")).toUtf8().constData(), 0);
-    }
-}
 
 // QTransform (a, b, c, d, tx, ty) as the 3x3 display matrix of the track header: 16.16 fixed
 // point, the last column 2.30.
@@ -52,6 +47,26 @@ void setDisplayMatrix(AVStream *stream, const QTransform &transform)
     matrix[8] = 1 << 30;
 }
 
+// A new file of our own beside `path`, under a name no one can guess, for the movie to grow in
+// until it is complete. Empty, with the reason, when none can be made.
+QString createPartialFile(const QString &path, QString *error)
+{
+    const QFileInfo info(path);
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        const QString candidate = info.dir().filePath(
+            QStringLiteral(".%1.%2.partial").arg(info.fileName()).arg(QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0')));
+        const int fd = ::open(QFile::encodeName(candidate).constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (fd >= 0) {
+            ::close(fd);
+            return candidate;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    *error = QStringLiteral("cannot create %1: %2").arg(path, QString::fromLocal8Bit(std::strerror(errno)));
+    return {};
+}
+
 } // namespace
 
 std::shared_ptr<MovieWriter> MovieWriter::create(const QString &path, MovieFileType type)
@@ -63,8 +78,12 @@ std::shared_ptr<MovieWriter> MovieWriter::create(const QString &path, MovieFileT
 MovieWriter::MovieWriter(const QString &path, MovieFileType) : m_path(path)
 {
     const int allocated = avformat_alloc_output_context2(&m_format, nullptr, "mov", QFile::encodeName(path).constData());
-    if (allocated < 0)
+    if (allocated < 0) {
         _fail(QStringLiteral("cannot make a QuickTime movie writer: %1").arg(ffmpegErrorText(allocated)));
+        return;
+    }
+    // The file carries its metadata items and nothing else: no "encoder" key naming the muxer.
+    m_format->flags |= AVFMT_FLAG_BITEXACT;
 }
 
 MovieWriter::~MovieWriter()
@@ -74,6 +93,14 @@ MovieWriter::~MovieWriter()
         avio_closep(&m_format->pb);
         avformat_free_context(m_format);
     }
+    _removePartialFile();
+}
+
+void MovieWriter::_removePartialFile()
+{
+    if (!m_partialPath.isEmpty())
+        QFile::remove(m_partialPath);
+    m_partialPath.clear();
 }
 
 bool MovieWriter::canAddInput() const
@@ -95,8 +122,17 @@ bool MovieWriter::startWriting()
         _fail(QStringLiteral("cannot start writing a movie without a video input"));
         return false;
     }
-    const int opened = avio_open(&m_format->pb, QFile::encodeName(m_path).constData(), AVIO_FLAG_WRITE);
+    // The movie takes its name only once complete: an interrupted write never leaves a movie
+    // without its index under the name asked for.
+    QString error;
+    m_partialPath = createPartialFile(m_path, &error);
+    if (m_partialPath.isEmpty()) {
+        _fail(error);
+        return false;
+    }
+    const int opened = avio_open(&m_format->pb, QFile::encodeName(m_partialPath).constData(), AVIO_FLAG_WRITE);
     if (opened < 0) {
+        _removePartialFile();
         _fail(QStringLiteral("cannot create %1: %2").arg(m_path, ffmpegErrorText(opened)));
         return false;
     }
@@ -146,7 +182,6 @@ bool MovieWriter::_writeHeader(qint32 timescale, QString *error)
 
     for (const MetadataItem &item : std::as_const(m_metadata))
         av_dict_set(&m_format->metadata, item.key.toUtf8().constData(), item.value.toUtf8().constData(), 0);
-    setCreationTime(&m_format->metadata, m_metadata);
     AVDictionary *options = nullptr;
     // Without this flag the muxer keeps only the keys it knows and drops the rest silently.
     av_dict_set(&options, "movflags", "use_metadata_tags", 0);
@@ -206,6 +241,12 @@ bool MovieWriter::_finish(QString *error)
         *error = QStringLiteral("cannot finish %1: %2").arg(m_path, ffmpegErrorText(trailer < 0 ? trailer : closed));
         return false;
     }
+    // rename() replaces whatever is at the name, a link included, without following it.
+    if (::rename(QFile::encodeName(m_partialPath).constData(), QFile::encodeName(m_path).constData()) != 0) {
+        *error = QStringLiteral("cannot finish %1: %2").arg(m_path, QString::fromLocal8Bit(std::strerror(errno)));
+        return false;
+    }
+    m_partialPath.clear();
     return true;
 }
 
@@ -225,6 +266,7 @@ void MovieWriter::finishWriting(std::function<void()> handler)
         }
         if (self->m_format)
             avio_closep(&self->m_format->pb);
+        self->_removePartialFile();
         if (handler)
             handler();
     });

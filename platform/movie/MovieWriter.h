@@ -5,7 +5,8 @@
 // Lifecycle: create, set metadata, add the input, startWriting(), startSession(), append frames
 // through a PixelBufferAdaptor, endSession(), finishWriting(). The file header is written with the
 // first frame, once the time scale is known. finishWriting() drains the encoder and closes the
-// file on a thread of the writer's own and calls its handler there.
+// file on a thread of the writer's own and calls its handler there. The movie is written under a
+// hidden temporary name beside the path and takes the path's name only once complete.
 
 #include "MediaTime.h"
 #include "MovieMetadata.h"
@@ -65,8 +66,11 @@ private:
     bool _writePending(qint64 duration, QString *error);
     bool _finish(QString *error);
     void _fail(const QString &error);
+    void _removePartialFile();
 
     QString m_path;
+    // Where the movie grows until finishWriting() gives it its name; empty when there is none.
+    QString m_partialPath;
     QList<MetadataItem> m_metadata;
     std::shared_ptr<VideoInput> m_input;
     AVFormatContext *m_format = nullptr;

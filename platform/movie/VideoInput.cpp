@@ -1,7 +1,5 @@
 #include "VideoInput.h"
 
-#include <cstring>
-
 #include "FFmpegError.h"
 #include "PixelBuffer.h"
 
@@ -24,6 +22,18 @@ bool failed(int code, const char *what, QString *error)
     if (error)
         *error = QStringLiteral("%1: %2").arg(QLatin1String(what), ffmpegErrorText(code));
     return true;
+}
+
+// 4:2:0 pictures have whole chroma samples only at even sizes, and the stream's cropping counts
+// in chroma samples: an odd side takes a format whose chroma is full along it, so the stream
+// holds exactly the size asked for.
+AVPixelFormat pixelFormatForSize(int width, int height)
+{
+    if (width % 2)
+        return AV_PIX_FMT_YUV444P;
+    if (height % 2)
+        return AV_PIX_FMT_YUV422P;
+    return AV_PIX_FMT_YUV420P;
 }
 
 } // namespace
@@ -50,13 +60,11 @@ bool VideoInput::open(qint32 timescale, bool globalHeader, QString *error)
         return false;
     }
     m_codec = avcodec_alloc_context3(encoder);
-    // 4:2:0 pictures have whole chroma samples only at even sizes: an odd side is encoded one
-    // pixel larger, the last row or column repeated.
-    m_codec->width = (m_settings.width + 1) & ~1;
-    m_codec->height = (m_settings.height + 1) & ~1;
+    m_codec->width = m_settings.width;
+    m_codec->height = m_settings.height;
     m_codec->time_base = AVRational{1, timescale};
     m_codec->framerate = AVRational{timescale, 1};
-    m_codec->pix_fmt = AV_PIX_FMT_YUV420P;
+    m_codec->pix_fmt = pixelFormatForSize(m_settings.width, m_settings.height);
     // swscale converts with BT.601 coefficients into limited range; say so in the stream.
     m_codec->colorspace = AVCOL_SPC_SMPTE170M;
     m_codec->color_range = AVCOL_RANGE_MPEG;
@@ -86,14 +94,14 @@ bool VideoInput::encode(const PixelBuffer *buffer, MediaTime time, const PacketS
     // The encoder may still hold the previous frame's pictures; never write over them.
     if (failed(av_frame_make_writable(m_frame), "cannot allocate a video frame", error))
         return false;
-    const bool sameSize = ((buffer->width() + 1) & ~1) == m_codec->width && ((buffer->height() + 1) & ~1) == m_codec->height;
-    if (sameSize) {
+    if (buffer->width() == m_codec->width && buffer->height() == m_codec->height) {
         // libyuv's SIMD conversion (BT.601, limited range like swscale's) is several times faster
         // than swscale's general path, which then only serves frames that need scaling.
-        libyuv::ARGBToI420(buffer->baseAddress(), int(buffer->bytesPerRow()), m_frame->data[0], m_frame->linesize[0],
-                           m_frame->data[1], m_frame->linesize[1], m_frame->data[2], m_frame->linesize[2],
-                           buffer->width(), buffer->height());
-        _repeatLastLumaRowAndColumn(buffer->width(), buffer->height());
+        const auto convert = m_codec->pix_fmt == AV_PIX_FMT_YUV420P   ? libyuv::ARGBToI420
+                             : m_codec->pix_fmt == AV_PIX_FMT_YUV422P ? libyuv::ARGBToI422
+                                                                      : libyuv::ARGBToI444;
+        convert(buffer->baseAddress(), int(buffer->bytesPerRow()), m_frame->data[0], m_frame->linesize[0],
+                m_frame->data[1], m_frame->linesize[1], m_frame->data[2], m_frame->linesize[2], buffer->width(), buffer->height());
     } else if (!_scale(*buffer, error)) {
         return false;
     }
@@ -101,18 +109,6 @@ bool VideoInput::encode(const PixelBuffer *buffer, MediaTime time, const PacketS
     if (failed(avcodec_send_frame(m_codec, m_frame), "cannot encode a frame", error))
         return false;
     return _drain(sink, error);
-}
-
-void VideoInput::_repeatLastLumaRowAndColumn(int width, int height)
-{
-    // Chroma already covers the padding: the conversion writes (side + 1) / 2 samples.
-    uint8_t *luma = m_frame->data[0];
-    const int stride = m_frame->linesize[0];
-    if (width < m_codec->width)
-        for (int y = 0; y < height; ++y)
-            luma[y * stride + width] = luma[y * stride + width - 1];
-    if (height < m_codec->height)
-        std::memcpy(luma + height * stride, luma + (height - 1) * stride, size_t(m_codec->width));
 }
 
 bool VideoInput::_scale(const PixelBuffer &buffer, QString *error)

@@ -4,7 +4,8 @@
 //
 // x264 runs with the "ultrafast" preset and its default quality (CRF 23): test media need encoding
 // speed far more than small files, and that preset also leaves out B-frames, so packets come out
-// in presentation order.
+// in presentation order. Pictures are 4:2:0 but for odd sizes, which take 4:2:2 (odd height) or
+// 4:4:4 (odd width) so that the stream holds exactly the size asked for.
 
 #include "MediaTime.h"
 
@@ -63,7 +64,6 @@ public:
 private:
     bool _drain(const PacketSink &sink, QString *error);
     // Into the frame through swscale, resizing to the output size.
-    void _repeatLastLumaRowAndColumn(int width, int height);
     bool _scale(const PixelBuffer &buffer, QString *error);
 
     VideoOutputSettings m_settings;

@@ -40,11 +40,11 @@ void installApplicationNotifications()
     if (!app || app->property("vistra.notificationsInstalled").toBool())
         return;
     app->setProperty("vistra.notificationsInstalled", true);
-    auto *previous = new Qt::ApplicationState(QGuiApplication::applicationState());
-    QObject::connect(app, &QGuiApplication::applicationStateChanged, app, [previous](Qt::ApplicationState state) {
-        if (*previous == Qt::ApplicationActive && state != Qt::ApplicationActive)
+    QObject::connect(app, &QGuiApplication::applicationStateChanged, app,
+                     [previous = QGuiApplication::applicationState()](Qt::ApplicationState state) mutable {
+        if (previous == Qt::ApplicationActive && state != Qt::ApplicationActive)
             NotificationCenter::defaultCenter().postNotification(QString::fromLatin1(ApplicationWillResignActiveNotification));
-        *previous = state;
+        previous = state;
     });
     QObject::connect(app, &QCoreApplication::aboutToQuit, app, [] {
         NotificationCenter::defaultCenter().postNotification(QString::fromLatin1(ApplicationWillTerminateNotification));

@@ -3,19 +3,47 @@
 #include "VUTesterLayeredImageGenerator.h"
 #include "VUTesterMediaWritersLogging.h"
 #include "VUTesterRadialPatternImageGenerator.h"
+#include "VUTesterTemporaryDirectory.h"
 #include "VUTesterVideoWriter.h"
 #include "VUTesterWatermarkImageGenerator.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
 const char kModuleIdentifier[] = "com.vistra.VistraUITester";
 constexpr double kMaxHeight = 1080.0;
+
+enum class CacheEntry { Missing, Ours, Refused };
+
+// What stands at a cache path, looked at without following a link. The names are predictable
+// and the temporary folder may be shared: only a plain file of this user is a cached movie.
+CacheEntry cacheEntry(const QString &path, QString *reason)
+{
+    struct stat info;
+    if (::lstat(QFile::encodeName(path).constData(), &info) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return CacheEntry::Missing; // making it then says what is wrong with the folder
+        *reason = QString::fromLocal8Bit(std::strerror(errno));
+    } else if (S_ISLNK(info.st_mode)) {
+        *reason = QStringLiteral("it is a symbolic link");
+    } else if (!S_ISREG(info.st_mode)) {
+        *reason = QStringLiteral("it is not a plain file");
+    } else if (info.st_uid != ::geteuid()) {
+        *reason = QStringLiteral("it belongs to another user");
+    } else {
+        return CacheEntry::Ours;
+    }
+    return CacheEntry::Refused;
+}
 
 } // namespace
 
@@ -48,7 +76,7 @@ QString VUTesterDefaultVideoGenerator::_videoPath(QSizeF normalizedSize, double 
                    + QString::asprintf("defaultvideo-%.0fx%.0f-%.1fs-%.1ffps", normalizedSize.width(), normalizedSize.height(), duration, fps);
     if (!suffix.isEmpty())
         name += QStringLiteral("-%1").arg(suffix);
-    return QDir(QDir::tempPath()).filePath(name + QStringLiteral(".mov"));
+    return VUTesterTemporaryFilePath(name + QStringLiteral(".mov"));
 }
 
 QString VUTesterDefaultVideoGenerator::_timeStampLabel(double time)
@@ -63,9 +91,19 @@ void VUTesterDefaultVideoGenerator::generateVideoWithFileNameSuffix(const QStrin
     const double fps = videoFPS();
     _queue()->async([size, duration, fps, suffix, handler = std::move(handler)] {
         const QString path = _videoPath(size, duration, fps, suffix);
-        if (QFile::exists(path)) {
+        QString reason;
+        switch (cacheEntry(path, &reason)) {
+        case CacheEntry::Ours:
             handler(path, std::nullopt);
             return;
+        case CacheEntry::Refused: {
+            const VUTesterError error{QStringLiteral("cannot use %1: %2").arg(path, reason)};
+            qCWarning(lcVUTesterWriters, "couldn't create video: %s", qUtf8Printable(error.debugDescription));
+            handler(QString(), error);
+            return;
+        }
+        case CacheEntry::Missing:
+            break;
         }
         VUTesterVideoWriter writer;
         writer.setOutputURL(path);

@@ -90,6 +90,8 @@ void VUTesterFractalImageGenerator::_prepare()
 
 int64_t VUTesterFractalImageGenerator::colorIndexForPixelAtX(uint64_t x, uint64_t y)
 {
+    // Callers may ask before any drawing has made the computer.
+    _updateFractalComputerIfNeeded();
     return _fractalComputer->valueAtX(_ax * double(x) + _bx, _ay * double(y) + _by);
 }
 

@@ -1,9 +1,10 @@
 #include "VUTesterPhotoWriter.h"
 
+#include "VUTesterTemporaryDirectory.h"
+
 #include <imageio/ImageDestination.h>
 #include <imageio/PhotoMetadata.h>
 
-#include <QDir>
 #include <QUuid>
 
 #include <cmath>
@@ -19,7 +20,7 @@ imageio::GPSProperties gpsProperties(const VUTesterLocation &location)
 } // namespace
 
 VUTesterPhotoWriter::VUTesterPhotoWriter()
-    : m_outputURL(QDir(QDir::tempPath()).filePath(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QStringLiteral(".jpg"))),
+    : m_outputURL(VUTesterTemporaryFilePath(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QStringLiteral(".jpg"))),
       m_date(QDateTime::currentDateTime())
 {
 }

@@ -11,6 +11,9 @@ graphics::ImagePtr VUTesterSolidColorImageGenerator::createImage()
         canvas.fillRect(rect, m_borderColor);
         rect.adjust(m_borderSize.width(), m_borderSize.height(), -m_borderSize.width(), -m_borderSize.height());
     }
-    canvas.fillRect(rect, m_color.isValid() ? m_color : graphics::Color::black());
+    // A border wider than half the image leaves no inside: the painter would fill the rectangle
+    // turned inside out.
+    if (rect.width() > 0 && rect.height() > 0)
+        canvas.fillRect(rect, m_color.isValid() ? m_color : graphics::Color::black());
     return canvas.makeImage();
 }

@@ -1,13 +1,13 @@
 #include "VUTesterVideoWriter.h"
 
 #include "VUTesterMediaWritersLogging.h"
+#include "VUTesterTemporaryDirectory.h"
 
 #include <movie/MovieMetadata.h>
 #include <movie/MovieWriter.h>
 #include <movie/PixelBufferAdaptor.h>
 #include <movie/VideoInput.h>
 
-#include <QDir>
 #include <QFile>
 #include <QPainter>
 #include <QUuid>
@@ -28,7 +28,7 @@ QString signedDegrees(double value)
 } // namespace
 
 VUTesterVideoWriter::VUTesterVideoWriter()
-    : m_outputURL(QDir(QDir::tempPath()).filePath(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QStringLiteral(".mov"))),
+    : m_outputURL(VUTesterTemporaryFilePath(QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper() + QStringLiteral(".mov"))),
       m_date(QDateTime::currentDateTime()),
       // The user's own locale, unlike the photo writer's fixed POSIX one.
       _metadataDateFormatter(QStringLiteral("yyyy-MM-dd'T'HH:mm:ssZ"))

@@ -6,6 +6,7 @@ target_sources(VistraUITester PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterLocation.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaWritersLogging.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterMediaWritersLogging.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterPhotoWriter.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterPhotoWriter.h
+  ${CMAKE_CURRENT_LIST_DIR}/VUTesterTemporaryDirectory.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterTemporaryDirectory.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterVideoGenerator.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterVideoGenerator.h
   ${CMAKE_CURRENT_LIST_DIR}/VUTesterVideoWriter.cpp ${CMAKE_CURRENT_LIST_DIR}/VUTesterVideoWriter.h
 )

@@ -1,10 +1,11 @@
 // The main of every test program: a QApplication (widget tests need one) on the offscreen
-// platform, and fresh config, data and cache folders so a test never touches a user's files,
-// however it is started.
+// platform, and fresh config, data, cache and temporary folders so a test never touches a user's
+// files, however it is started. The commands a test starts inherit them.
 
 #include "dispatch/Dispatch.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,8 +15,11 @@ int main(int argc, char **argv)
     QTemporaryDir home;
     if (!home.isValid())
         return 1;
-    for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+    for (const char *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "TMPDIR"})
         qputenv(variable, QFile::encodeName(home.filePath(QString::fromLatin1(variable))));
+    // Temporary files (photos, movies, QTemporaryDir) land in a folder removed with `home`.
+    if (!QDir().mkpath(home.filePath(QStringLiteral("TMPDIR"))))
+        return 1;
     QFile::setPermissions(home.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);

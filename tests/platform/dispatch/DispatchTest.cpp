@@ -1,12 +1,17 @@
 #include "dispatch/Dispatch.h"
 
+#include "ProcessStats.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QThread>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <mutex>
+#include <thread>
 #include <vector>
 
 using namespace std::chrono_literals;
@@ -70,6 +75,39 @@ TEST(SerialQueue, DeepNestedWaitsAcrossManyQueuesNeverDeadlock)
     EXPECT_EQ(total.load(), kDepth * kChains);
 }
 
+// Serial queues borrow the shared pool's workers: a burst over thousands of queues, each task
+// waiting for a child queue's work as a composite image generator does, keeps the process's
+// threads to a handful.
+TEST(SerialQueue, ThousandsOfQueuesShareAFewThreads)
+{
+    const int before = processThreadCount();
+    constexpr int kQueues = 2000;
+    std::vector<dispatch::QueuePtr> parents, children;
+    for (int i = 0; i < kQueues; ++i) {
+        parents.push_back(Queue::createSerial("test.parent"));
+        children.push_back(Queue::createSerial("test.child"));
+    }
+    std::atomic<int> most{0};
+    std::atomic<int> ran{0};
+    dispatch::Group group;
+    for (int i = 0; i < kQueues; ++i) {
+        group.async(*parents[size_t(i)], [&, i] {
+            dispatch::Semaphore done;
+            children[size_t(i)]->async([&] {
+                const int seen = processThreadCount();
+                for (int known = most.load(); seen > known && !most.compare_exchange_weak(known, seen);) {
+                }
+                done.signal();
+            });
+            done.wait();
+            ++ran;
+        });
+    }
+    ASSERT_TRUE(group.waitFor(30s));
+    EXPECT_EQ(ran.load(), kQueues);
+    EXPECT_LE(most.load() - before, 8) << "threads grew with the number of queues";
+}
+
 // Blocks on the global queue that block must not keep later blocks from running.
 TEST(GlobalQueue, GrowsWhenEveryWorkerIsBlocked)
 {
@@ -90,6 +128,78 @@ TEST(GlobalQueue, GrowsWhenEveryWorkerIsBlocked)
         release.signal();
     ASSERT_TRUE(group.waitFor(10s));
     EXPECT_EQ(started.load(), kBlocked);
+}
+
+TEST(SerialQueue, SyncRunsAfterTheBlocksSubmittedBeforeIt)
+{
+    auto queue = Queue::createSerial("test.sync");
+    dispatch::Semaphore release;
+    std::vector<int> order;
+    queue->async([&] {
+        release.wait();
+        order.push_back(1);
+    });
+    queue->async([&] { order.push_back(2); });
+    std::thread releaser([&] {
+        std::this_thread::sleep_for(20ms);
+        release.signal();
+    });
+    Queue *inside = nullptr;
+    queue->sync([&] {
+        order.push_back(3);
+        inside = Queue::current();
+    });
+    queue->async([&] { order.push_back(4); });
+    queue->sync([] {});
+    releaser.join();
+    EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 4}));
+    EXPECT_EQ(inside, queue.get());
+}
+
+// Delayed work waits in one heap served by one thread, not a thread per call, and runs in the
+// order it falls due.
+TEST(After, DelaysShareOneThreadAndRunInDueOrder)
+{
+    auto queue = Queue::createSerial("test.after");
+    const int before = processThreadCount();
+    std::mutex mutex;
+    std::vector<int> order;
+    dispatch::Group group;
+    constexpr int kDelays = 40;
+    for (int i = 0; i < kDelays; ++i) {
+        group.enter();
+        // Due times run backwards against the calls, 10 ms apart (far more than a call takes):
+        // 400 ms for the first, 10 ms for the last.
+        dispatch::after(queue, std::chrono::milliseconds(10 * (kDelays - i)), [&, i] {
+            std::lock_guard lock(mutex);
+            order.push_back(i);
+            group.leave();
+        });
+    }
+    EXPECT_LE(processThreadCount() - before, 2) << "a thread per delayed block";
+    ASSERT_TRUE(group.waitFor(10s));
+    ASSERT_EQ(order.size(), size_t(kDelays));
+    EXPECT_TRUE(std::is_sorted(order.rbegin(), order.rend()));
+}
+
+// A delayed block still pending when the workers end is dropped with what it holds, on the
+// ending thread: nothing of it may run, or be released, while the process is tearing down.
+TEST(After, EndingWorkersDropsPendingDelayedWork)
+{
+    auto queue = Queue::createSerial("test.after.end");
+    auto held = std::make_shared<int>(0);
+    std::weak_ptr<int> watch = held;
+    std::atomic<bool> ran{false};
+    dispatch::after(queue, 10s, [&ran, held = std::move(held)] { ran = true; });
+    EXPECT_FALSE(watch.expired());
+    ASSERT_TRUE(dispatch::endWorkerThreads(10s));
+    EXPECT_TRUE(watch.expired()) << "the pending block outlives the end of the workers";
+    EXPECT_FALSE(ran.load());
+
+    // Delays keep working afterwards.
+    dispatch::Semaphore fired;
+    dispatch::after(queue, 1ms, [&] { fired.signal(); });
+    EXPECT_TRUE(fired.waitFor(10s));
 }
 
 TEST(Group, NotifiesOnceAllTasksHaveLeft)

@@ -1,6 +1,5 @@
 #include <graphics/Image.h>
 #include <graphics/OrientedPixels.h>
-#include <graphics/PixelBuffer.h>
 
 #include <gtest/gtest.h>
 
@@ -40,24 +39,4 @@ TEST(OrientedPixels, InverseOrientationUndoesEachOrientation)
         EXPECT_EQ(tagged.uprightPixels(), source) << "EXIF " << exif;
         EXPECT_EQ(tagged.size(), QSizeF(9, 5)) << "EXIF " << exif;
     }
-}
-
-TEST(PixelBuffer, ReleasedBigBuffersAreReusedForTheSameSize)
-{
-    const QSize size(1024, 512);
-    const uchar *first = nullptr;
-    {
-        QImage image = newPixelImage(size);
-        ASSERT_FALSE(image.isNull());
-        EXPECT_EQ(image.bytesPerLine(), 1024 * 4);
-        EXPECT_EQ(image.format(), QImage::Format_RGBA8888_Premultiplied);
-        first = image.constBits();
-    }
-    EXPECT_GE(retainedPixelBytes(), 1024 * 512 * 4);
-    QImage again = newPixelImage(size);
-    EXPECT_EQ(again.constBits(), first);
-    // A buffer still in use is never handed out twice.
-    QImage other = newPixelImage(size);
-    EXPECT_NE(other.constBits(), first);
-    EXPECT_TRUE(newPixelImage(QSize(0, 10)).isNull());
 }

@@ -5,13 +5,21 @@
 
 #include "dispatch/Dispatch.h"
 
+#include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QThread>
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <functional>
+
 extern "C" {
+#include <libavcodec/avcodec.h>
 #include <libavformat/avformat.h>
 }
 
@@ -25,9 +33,12 @@ struct Written {
     QThread *completionThread;
 };
 
-// Writes `frames` solid frames of width x height at `fps`, the movie ending one frame after the last.
+using Painter = std::function<void(PixelBuffer &buffer)>;
+
+// Writes `frames` frames of width x height at `fps`, the movie ending one frame after the last;
+// solid ones of a colour creeping with the frame number unless `paint` draws them.
 Written writeMovie(const QString &path, int width, int height, int frames, int fps, const QList<MetadataItem> &items,
-                   const QTransform &transform = {})
+                   const QTransform &transform = {}, const Painter &paint = {})
 {
     auto writer = MovieWriter::create(path, MovieFileType::QuickTimeMovie);
     const QSize encoded = transform.mapRect(QRect(0, 0, width, height)).size();
@@ -41,7 +52,10 @@ Written writeMovie(const QString &path, int width, int height, int frames, int f
     PixelBufferPool pool;
     for (int i = 0; i < frames; ++i) {
         PixelBufferPtr buffer = pool.createPixelBuffer(width, height);
-        std::fill_n(reinterpret_cast<quint32 *>(buffer->baseAddress()), buffer->bytesPerRow() / 4 * height, 0xff2060a0u + quint32(i));
+        if (paint)
+            paint(*buffer);
+        else
+            std::fill_n(reinterpret_cast<quint32 *>(buffer->baseAddress()), buffer->bytesPerRow() / 4 * height, 0xff2060a0u + quint32(i));
         if (!adaptor.appendPixelBuffer(*buffer, {i, fps}))
             break;
     }
@@ -73,6 +87,56 @@ int countVideoPackets(const QString &path)
     return count;
 }
 
+// The keys of the file's own tags, or of its video track's, as libavformat reads them; sorted.
+QStringList tagKeys(const QString &path, bool track)
+{
+    AVFormatContext *context = nullptr;
+    if (avformat_open_input(&context, QFile::encodeName(path).constData(), nullptr, nullptr) < 0)
+        return {QStringLiteral("<unreadable>")};
+    avformat_find_stream_info(context, nullptr);
+    const AVDictionary *tags = track ? context->streams[0]->metadata : context->metadata;
+    QStringList keys;
+    for (const AVDictionaryEntry *entry = nullptr; (entry = av_dict_get(tags, "", entry, AV_DICT_IGNORE_SUFFIX));)
+        keys << QString::fromUtf8(entry->key);
+    avformat_close_input(&context);
+    keys.sort();
+    return keys;
+}
+
+// The luma plane of the first frame a decoder gives, as grey levels; null when nothing decodes.
+QImage decodedFirstFrameLuma(const QString &path)
+{
+    AVFormatContext *format = nullptr;
+    if (avformat_open_input(&format, QFile::encodeName(path).constData(), nullptr, nullptr) < 0)
+        return {};
+    QImage luma;
+    const AVCodec *decoder = nullptr;
+    const int video = avformat_find_stream_info(format, nullptr) < 0 ? -1 : av_find_best_stream(format, AVMEDIA_TYPE_VIDEO, -1, -1, &decoder, 0);
+    AVCodecContext *codec = video < 0 ? nullptr : avcodec_alloc_context3(decoder);
+    AVPacket *packet = av_packet_alloc();
+    AVFrame *frame = av_frame_alloc();
+    if (codec && avcodec_parameters_to_context(codec, format->streams[video]->codecpar) >= 0 && avcodec_open2(codec, decoder, nullptr) >= 0) {
+        bool decoded = false;
+        while (!decoded && av_read_frame(format, packet) >= 0) {
+            if (packet->stream_index == video && avcodec_send_packet(codec, packet) >= 0)
+                decoded = avcodec_receive_frame(codec, frame) >= 0;
+            av_packet_unref(packet);
+        }
+        if (!decoded && avcodec_send_packet(codec, nullptr) >= 0)
+            decoded = avcodec_receive_frame(codec, frame) >= 0;
+        if (decoded) {
+            luma = QImage(frame->width, frame->height, QImage::Format_Grayscale8);
+            for (int y = 0; y < frame->height; ++y)
+                std::memcpy(luma.scanLine(y), frame->data[0] + y * frame->linesize[0], size_t(frame->width));
+        }
+    }
+    av_frame_free(&frame);
+    av_packet_free(&packet);
+    avcodec_free_context(&codec);
+    avformat_close_input(&format);
+    return luma;
+}
+
 } // namespace
 
 TEST(MovieWriter, WritesEveryFrameWithMetadataOthersCanRead)
@@ -100,6 +164,25 @@ TEST(MovieWriter, WritesEveryFrameWithMetadataOthersCanRead)
     EXPECT_EQ(metadata.creationDate, QDateTime(QDate(2021, 3, 5), QTime(13, 7, 9), Qt::UTC));
     EXPECT_EQ(metadata.publisher, QStringLiteral("Library Filler"));
     EXPECT_EQ(metadata.pairingIdentifier, QStringLiteral("PAIR-1"));
+
+    // Nothing beyond the items: no key naming the muxer, no second creation time.
+    QStringList expected{QStringLiteral("major_brand"), QStringLiteral("minor_version"), QStringLiteral("compatible_brands")};
+    for (const MetadataItem &item : items)
+        expected << item.key;
+    expected.sort();
+    EXPECT_EQ(tagKeys(path, false), expected);
+    EXPECT_FALSE(tagKeys(path, true).contains(QStringLiteral("creation_time")));
+    const QString ffprobe = QStandardPaths::findExecutable(QStringLiteral("ffprobe"));
+    if (!ffprobe.isEmpty()) {
+        QProcess probe;
+        probe.start(ffprobe, {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-show_entries"),
+                              QStringLiteral("format_tags:stream_tags"), QStringLiteral("-of"), QStringLiteral("json"), path});
+        ASSERT_TRUE(probe.waitForFinished(30000));
+        const QByteArray shown = probe.readAllStandardOutput();
+        EXPECT_TRUE(shown.contains("Library Filler")) << shown.toStdString();
+        EXPECT_FALSE(shown.contains("encoder")) << shown.toStdString();
+        EXPECT_FALSE(shown.contains("creation_time")) << shown.toStdString();
+    }
 }
 
 TEST(MovieWriter, QuarterTurnTransformIsShownAndScalesBuffersToTheEncodedSize)
@@ -129,6 +212,31 @@ TEST(MovieWriter, FailuresReachTheStatusAndTheHandler)
     written = writeMovie(dir.filePath(QStringLiteral("empty.mov")), 64, 64, 0, 24, {});
     EXPECT_EQ(written.status, MovieWriter::Status::Failed);
     EXPECT_TRUE(written.error.contains(QStringLiteral("no frame")));
+}
+
+// A movie appears under its name only complete; one abandoned half-way leaves nothing behind.
+TEST(MovieWriter, AMovieTakesItsNameOnlyWhenComplete)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("whole.mov"));
+    const auto entries = [&] { return QDir(dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot); };
+    {
+        auto writer = MovieWriter::create(path, MovieFileType::QuickTimeMovie);
+        auto input = std::make_shared<VideoInput>(VideoOutputSettings{kVideoCodecH264, 64, 64});
+        PixelBufferAdaptor adaptor(writer, input);
+        writer->addInput(input);
+        ASSERT_TRUE(writer->startWriting());
+        PixelBufferPool pool;
+        for (int i = 0; i < 3; ++i)
+            ASSERT_TRUE(adaptor.appendPixelBuffer(*pool.createPixelBuffer(64, 64), {i, 10}));
+        EXPECT_FALSE(QFile::exists(path));
+        EXPECT_EQ(entries().size(), 1);
+    }
+    EXPECT_TRUE(entries().isEmpty()) << entries().join(QLatin1Char(' ')).toStdString();
+
+    ASSERT_EQ(writeMovie(path, 64, 64, 3, 10, {}).status, MovieWriter::Status::Completed);
+    EXPECT_EQ(entries(), QStringList{QStringLiteral("whole.mov")});
+    EXPECT_EQ(countVideoPackets(path), 3);
 }
 
 TEST(MovieMetadata, ReadsLocationTextAndRefusesNonMovies)
@@ -166,19 +274,36 @@ TEST(PixelBufferPool, RowsArePaddedAndReleasedBuffersAreReused)
     EXPECT_EQ(pool.createPixelBuffer(0, 4), nullptr);
 }
 
-// Test pictures may have any height (the filler keeps the aspect ratio's height); 4:2:0 H.264
-// needs even sides, so an odd side is encoded one pixel larger instead of failing.
-TEST(MovieWriter, OddFrameSidesAreEncodedOnePixelLarger)
+// Test pictures may have any size (the filler keeps the aspect ratio's height). Readers must see
+// the size asked for, so that a Stir Shot's movie matches its photo, and the last row and column
+// must hold the picture's own pixels.
+TEST(MovieWriter, OddFrameSidesAreStoredExactly)
 {
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("odd.mov"));
-    const Written written = writeMovie(path, 64, 35, 5, 10, {});
-    ASSERT_EQ(written.status, MovieWriter::Status::Completed) << written.error.toStdString();
-    EXPECT_EQ(countVideoPackets(path), 5);
-    MovieMetadata metadata;
-    QString error;
-    ASSERT_TRUE(readMovieMetadata(path, &metadata, &error)) << error.toStdString();
-    EXPECT_EQ(metadata.pixelSize, QSize(64, 36));
+    for (const QSize size : {QSize(160, 91), QSize(161, 90), QSize(63, 35)}) {
+        SCOPED_TRACE(testing::Message() << size.width() << "x" << size.height());
+        const QString path = dir.filePath(QStringLiteral("odd-%1x%2.mov").arg(size.width()).arg(size.height()));
+        // Dark frames with a bright last row and last column.
+        const Written written = writeMovie(path, size.width(), size.height(), 3, 10, {}, {}, [&](PixelBuffer &buffer) {
+            for (int y = 0; y < size.height(); ++y) {
+                auto *row = reinterpret_cast<quint32 *>(buffer.baseAddress() + y * buffer.bytesPerRow());
+                for (int x = 0; x < size.width(); ++x)
+                    row[x] = (x == size.width() - 1 || y == size.height() - 1) ? 0xffffffffu : 0xff101010u;
+            }
+        });
+        ASSERT_EQ(written.status, MovieWriter::Status::Completed) << written.error.toStdString();
+        EXPECT_EQ(countVideoPackets(path), 3);
+        MovieMetadata metadata;
+        QString error;
+        ASSERT_TRUE(readMovieMetadata(path, &metadata, &error)) << error.toStdString();
+        EXPECT_EQ(metadata.pixelSize, size);
 
-    ASSERT_EQ(writeMovie(dir.filePath(QStringLiteral("odd-width.mov")), 63, 64, 2, 24, {}).status, MovieWriter::Status::Completed);
+        const QImage luma = decodedFirstFrameLuma(path);
+        ASSERT_EQ(luma.size(), size);
+        const int w = size.width(), h = size.height();
+        EXPECT_GT(qGray(luma.pixel(w / 2, h - 1)), 180);
+        EXPECT_LT(qGray(luma.pixel(w / 2, h - 3)), 70);
+        EXPECT_GT(qGray(luma.pixel(w - 1, h / 2)), 180);
+        EXPECT_LT(qGray(luma.pixel(w - 3, h / 2)), 70);
+    }
 }

@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 
 namespace {
 
@@ -189,7 +190,9 @@ TEST_F(GestureFixture, TouchScreenPinchAndPanRecogniseTogetherWhenAllowed)
     pan->setMinimumDistance(100); // the pinch moves first
     auto pans = record(pan);
     auto pinches = record(pinch);
-    QPointingDevice *screen = QTest::createTouchDevice();
+    // The test owns the device it makes; it unregisters itself when deleted.
+    const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
+    QPointingDevice *screen = device.get();
 
     QTest::touchEvent(&window, screen).press(0, QPoint(100, 100)).press(1, QPoint(200, 100));
     QTest::touchEvent(&window, screen).move(0, QPoint(50, 100)).move(1, QPoint(250, 100));

@@ -36,11 +36,14 @@ FillRun fill(const VUTesterLibraryFillerSettings &settings, int cancelAfter = -1
     auto mutex = std::make_shared<std::mutex>();
     auto run = std::make_shared<FillRun>();
     auto completions = std::make_shared<std::atomic<int>>(0);
-    operation->setAssetObserver([operation, run, mutex, cancelAfter](const Operation::AssetReport &report) {
+    // The operation keeps its observer: a strong reference back would keep both alive for good.
+    std::weak_ptr<Operation> weak = operation;
+    operation->setAssetObserver([weak, run, mutex, cancelAfter](const Operation::AssetReport &report) {
         std::lock_guard lock(*mutex);
         run->reports.push_back(report);
         if (cancelAfter > 0 && int(run->reports.size()) == cancelAfter)
-            operation->cancel();
+            if (auto operation = weak.lock())
+                operation->cancel();
     });
     operation->runWithCompletionHandler([completions] { ++*completions; });
     EXPECT_TRUE(QTest::qWaitFor([&] { return completions->load() > 0; }, 120000));

@@ -32,6 +32,16 @@ TEST(FractalGenerator, DefaultsMapTheSetIntoTheMiddle)
     EXPECT_EQ(generator->colorIndexForPixelAtX(130, 100), generator->colorIndexForPixelAtX(130, 200));
 }
 
+// The pixel function may be asked before any drawing: the mapping is still zero, so every pixel is
+// the origin, which never escapes.
+TEST(FractalGenerator, PixelFunctionAnswersBeforeTheFirstDrawing)
+{
+    auto generator = std::make_shared<VUTesterFractalImageGenerator>();
+    EXPECT_EQ(generator->colorIndexForPixelAtX(0, 0), 100);
+    generator->setMaxIterations(7);
+    EXPECT_EQ(generator->colorIndexForPixelAtX(10, 10), 100) << "the computer follows the limit only through a drawing";
+}
+
 TEST(FractalGenerator, NewLimitReachesTheComputerThroughTheColourTable)
 {
     auto generator = std::make_shared<VUTesterFractalImageGenerator>();

@@ -64,6 +64,20 @@ TEST(SolidColor, BorderFramesTheInnerRectangle)
     EXPECT_EQ(rgbaAt(generator->generatedImage(), 5, 5), "0,0,0,255"); // the default fill
 }
 
+// A border wider than half the image (or taller than half of it) leaves no inside at all.
+TEST(SolidColor, BorderWiderThanHalfTheImageIsAllBorder)
+{
+    auto generator = std::make_shared<VUTesterSolidColorImageGenerator>();
+    generator->setColor(Color::blue());
+    generator->setBorderColor(Color::red());
+    for (const QSizeF border : {QSizeF(250, 10), QSizeF(10, 160), QSizeF(200, 150)}) {
+        generator->setBorderSize(border);
+        const graphics::ImagePtr image = generator->generatedImage();
+        for (const QPoint p : {QPoint(0, 0), QPoint(200, 150), QPoint(120, 40), QPoint(399, 299)})
+            EXPECT_EQ(rgbaAt(image, p.x(), p.y()), "255,0,0,255") << border.width() << "x" << border.height() << " at " << p.x() << "," << p.y();
+    }
+}
+
 namespace {
 
 // Counts the sectors of an n-way division whose middle, beyond the gradient, shows `color`.

@@ -1,6 +1,7 @@
 #include "media/VUTesterDefaultVideoGenerator.h"
 
 #include "MovieFileProbe.h"
+#include "ProcessStats.h"
 
 #include <dispatch/Dispatch.h>
 #include <movie/MovieMetadata.h>
@@ -13,6 +14,12 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <thread>
+
+#include <unistd.h>
 
 namespace {
 
@@ -41,6 +48,25 @@ QString uniqueSuffix()
     return QUuid::createUuid().toString(QUuid::Id128).left(12);
 }
 
+VUTesterDefaultVideoGenerator &tinyMovie()
+{
+    static VUTesterDefaultVideoGenerator generator;
+    generator.setVideoSize({160, 90});
+    generator.setVideoDuration(0.1);
+    generator.setVideoFPS(10.0);
+    return generator;
+}
+
+// TMPDIR names `path` while this lives.
+class TemporaryFolder {
+public:
+    explicit TemporaryFolder(const QString &path) : m_previous(qgetenv("TMPDIR")) { qputenv("TMPDIR", QFile::encodeName(path)); }
+    ~TemporaryFolder() { qputenv("TMPDIR", m_previous); }
+
+private:
+    QByteArray m_previous;
+};
+
 } // namespace
 
 TEST(VUTesterDefaultVideoGenerator, SizesAreCappedAtTenEightyAndRoundedUpToSixteen)
@@ -61,7 +87,7 @@ TEST(VUTesterDefaultVideoGenerator, FileNamesCarryTheParametersAndTheSuffix)
     EXPECT_EQ(QFileInfo(plain).fileName(), QStringLiteral("com.vistra.VistraUITester.defaultvideo-1920x1080-5.0s-24.0fps.mov"));
     const QString suffixed = VUTesterDefaultVideoGenerator::_videoPath({544, 1080}, 360.0, 10.0, QStringLiteral("sharing"));
     EXPECT_TRUE(suffixed.endsWith(QStringLiteral("defaultvideo-544x1080-360.0s-10.0fps-sharing.mov")));
-    EXPECT_EQ(QFileInfo(suffixed).absolutePath(), QFileInfo(QDir::tempPath()).absoluteFilePath());
+    EXPECT_EQ(QFileInfo(suffixed).absolutePath(), QDir(qEnvironmentVariable("TMPDIR")).absolutePath());
 }
 
 TEST(VUTesterDefaultVideoGenerator, TimeStampsUseTheDoublePrime)
@@ -115,26 +141,92 @@ TEST(VUTesterDefaultVideoGenerator, AFailedMovieIsLoggedAndDeleted)
 {
     // Movies go to the temporary folder: a plain file standing where it should be makes the
     // movie fail.
-    const QByteArray temporary = qgetenv("TMPDIR");
     QTemporaryDir parent;
     QFile blocker(parent.filePath(QStringLiteral("not-a-folder")));
     ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
     blocker.close();
-    qputenv("TMPDIR", QFile::encodeName(blocker.fileName()));
-    VUTesterDefaultVideoGenerator generator;
-    generator.setVideoSize({160, 90});
-    generator.setVideoDuration(0.1);
-    generator.setVideoFPS(10.0);
-    const QString suffix = uniqueSuffix();
-    const Result failed = generate(generator, suffix);
-    const QString path = VUTesterDefaultVideoGenerator::_videoPath({160, 90}, 0.1, 10.0, suffix);
-    if (temporary.isNull())
-        qunsetenv("TMPDIR");
-    else
-        qputenv("TMPDIR", temporary);
+    const TemporaryFolder temporary(blocker.fileName());
+    const Result failed = generate(tinyMovie(), uniqueSuffix());
     EXPECT_TRUE(failed.path.isEmpty());
     ASSERT_TRUE(failed.error);
-    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(QDir(parent.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{QStringLiteral("not-a-folder")});
+}
+
+// A TMPDIR naming no folder fails the movie with that folder's name; nothing lands in the
+// current folder instead.
+TEST(VUTesterDefaultVideoGenerator, AMissingTemporaryFolderFailsInsteadOfWritingHere)
+{
+    QTemporaryDir here;
+    const QString previous = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(here.path()));
+    const QString missing = here.filePath(QStringLiteral("gone"));
+    Result result;
+    {
+        const TemporaryFolder temporary(missing);
+        result = generate(tinyMovie(), uniqueSuffix());
+    }
+    QDir::setCurrent(previous);
+    EXPECT_TRUE(result.path.isEmpty());
+    ASSERT_TRUE(result.error);
+    EXPECT_TRUE(result.error->debugDescription.contains(missing)) << result.error->debugDescription.toStdString();
+    EXPECT_TRUE(QDir(here.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot)) << "a movie landed in the current folder";
+}
+
+// The cache names are predictable and the temporary folder may be shared: a link, or a file of
+// another user, at a cache name is neither returned nor followed.
+TEST(VUTesterDefaultVideoGenerator, ForeignEntriesAtTheCacheNameAreRefused)
+{
+    QTemporaryDir folder;
+    const TemporaryFolder temporary(folder.path());
+    const QString suffix = uniqueSuffix();
+    const QString path = VUTesterDefaultVideoGenerator::_videoPath({160, 90}, 0.1, 10.0, suffix);
+    const QString target = folder.filePath(QStringLiteral("elsewhere.mov"));
+    ASSERT_TRUE(QFile::link(target, path)); // dangling
+    Result result = generate(tinyMovie(), suffix);
+    EXPECT_TRUE(result.path.isEmpty());
+    ASSERT_TRUE(result.error);
+    EXPECT_TRUE(result.error->debugDescription.contains(QStringLiteral("symbolic link"))) << result.error->debugDescription.toStdString();
+    EXPECT_FALSE(QFile::exists(target)) << "the link was followed";
+    EXPECT_EQ(QFileInfo(path).symLinkTarget(), target);
+
+    // Another user's file (only a process that may give files away can set this up).
+    QFile::remove(path);
+    QFile foreign(path);
+    ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
+    foreign.write("not a movie of ours");
+    foreign.close();
+    if (::chown(QFile::encodeName(path).constData(), 65534, 65534) != 0)
+        GTEST_SKIP() << "cannot give a file to another user here";
+    result = generate(tinyMovie(), suffix);
+    EXPECT_TRUE(result.path.isEmpty());
+    ASSERT_TRUE(result.error);
+    EXPECT_TRUE(result.error->debugDescription.contains(QStringLiteral("another user"))) << result.error->debugDescription.toStdString();
+}
+
+// The sharing playground's movie: 3601 frames, three generators each. Their queues borrow the
+// shared pool's threads, so the process's threads stay flat however long the movie.
+TEST(VUTesterDefaultVideoGenerator, ALongMovieRunsOnAFlatNumberOfThreads)
+{
+    const int before = processThreadCount();
+    std::atomic<bool> running{true};
+    std::atomic<int> most{before};
+    std::thread sampler([&] {
+        while (running) {
+            most = std::max(most.load(), processThreadCount());
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+    });
+    VUTesterDefaultVideoGenerator generator;
+    generator.setVideoSize({32, 18});
+    generator.setVideoDuration(360.0);
+    generator.setVideoFPS(10.0);
+    const Result made = generate(generator, uniqueSuffix());
+    running = false;
+    sampler.join();
+    ASSERT_FALSE(made.error) << made.error->debugDescription.toStdString();
+    EXPECT_EQ(MovieFileProbe::probe(made.path).frameTimes.size(), 3601u);
+    EXPECT_LE(most.load() - before, 12) << "threads grew with the movie";
+    QFile::remove(made.path);
 }
 
 TEST(VUTesterVideoGenerator, TheBaseMakesNothing)

@@ -41,13 +41,22 @@ bool hasGPSGroup(const Exiv2::ExifData &exif)
     return std::any_of(exif.begin(), exif.end(), [](const Exiv2::Exifdatum &datum) { return datum.groupName() == "GPSInfo"; });
 }
 
+std::vector<std::string> gpsTags(const Exiv2::ExifData &exif)
+{
+    std::vector<std::string> names;
+    for (const Exiv2::Exifdatum &datum : exif)
+        if (datum.groupName() == "GPSInfo")
+            names.push_back(datum.tagName());
+    return names;
+}
+
 } // namespace
 
 TEST(VUTesterPhotoWriter, DefaultsToAFreshUpperCaseUUIDFileInTheTemporaryDirectory)
 {
     VUTesterPhotoWriter first, second;
     const QFileInfo info(first.outputURL());
-    EXPECT_EQ(info.absolutePath(), QDir(QDir::tempPath()).absolutePath());
+    EXPECT_EQ(info.absolutePath(), QDir(qEnvironmentVariable("TMPDIR")).absolutePath());
     EXPECT_TRUE(info.fileName().endsWith(QLatin1String(".jpg")));
     EXPECT_EQ(info.completeBaseName(), info.completeBaseName().toUpper());
     EXPECT_EQ(info.completeBaseName().size(), 36);
@@ -81,6 +90,8 @@ TEST(VUTesterPhotoWriter, WritesGPSAsDegreesMinutesSecondsWithReferenceLetters)
         EXPECT_EQ(tagText(exif, "Exif.GPSInfo.GPSLongitudeRef"), c.longitudeRef);
         EXPECT_EQ(tagText(exif, "Exif.GPSInfo.GPSLatitude"), c.latitudeText);
         EXPECT_EQ(tagText(exif, "Exif.GPSInfo.GPSLongitude"), c.longitudeText);
+        // Those four and nothing else: the photo's metadata names no GPS version.
+        EXPECT_EQ(gpsTags(exif), (std::vector<std::string>{"GPSLatitudeRef", "GPSLatitude", "GPSLongitudeRef", "GPSLongitude"}));
 
         imageio::PhotoMetadata metadata;
         QString readError;
